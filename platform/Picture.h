@@ -1,0 +1,13 @@
+// Pictures are QImage values of the format RGB32: GIF and JPEG, first frame, the transparent entry of a GIF read as
+// the plain colour it has in the palette. (A pixmap would lose that colour, and outlines are cut by it.)
+#pragma once
+
+#include <QImage>
+
+/// Failure: passed on, naming the file, when it is missing, damaged, cut short or larger than 8192 x 8192.
+QImage LoadPicture(const QString &Path);
+QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors);
+
+/// The part of a picture under a place told in logical pixels, as large as the place; what lies outside the picture
+/// is black. A picture of a higher scale gives a part of that scale.
+QImage PartOf(const QImage &Picture, const QRect &Place);

@@ -1,0 +1,11 @@
+// Ending the process, and asking the desktop to open something.
+#pragma once
+
+#include <QString>
+
+/// Ends the process at once, whatever loops are running; nothing is written any more.
+[[noreturn]] void EndProcess(int ExitCode);
+
+/// Asks the desktop to open an address or a file with its default handler.
+/// Answer: false when it has none; nothing else happens then.
+bool OpenWithDesktop(const QString &Target);
