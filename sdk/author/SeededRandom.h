@@ -1,0 +1,31 @@
+// Random numbers from a seed, the same on every machine: a level and a seed give one board everywhere.
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <utility>
+#include <vector>
+
+class SeededRandom
+{
+public:
+    explicit SeededRandom(std::uint32_t Seed) : m_Engine(Seed) {}
+
+    /// A whole number from Low to High, both included, each as likely as the others. Low must not be above High.
+    // The library's own distributions differ between compilers.
+    int Between(int Low, int High)
+    {
+        const auto choices = static_cast<std::uint64_t>(static_cast<std::int64_t>(High) - Low + 1);
+        return static_cast<int>(Low + static_cast<std::int64_t>((choices * m_Engine()) >> 32));
+    }
+    bool Coin() { return Between(0, 1) == 1; }
+    template <typename Value>
+    void Shuffle(std::vector<Value> &List)
+    {
+        for (std::size_t i = List.size(); i > 1; --i)
+            std::swap(List[i - 1], List[static_cast<std::size_t>(Between(0, static_cast<int>(i) - 1))]);
+    }
+
+private:
+    std::mt19937 m_Engine;
+};

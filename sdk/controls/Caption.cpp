@@ -1,0 +1,133 @@
+#include "sdk/controls/Caption.h"
+
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+constexpr double PixelsPerPoint = 96.0 / 72.0;
+constexpr int SmallestText = 9;          // [px], below it nobody reads
+constexpr double SmallestShare = 0.6;    // of the size asked for
+constexpr int EndlessWidth = 0x00FFFFFF; // [px]
+
+QStringList ParagraphsOf(const QString &Text)
+{
+    static const QRegularExpression lineBreak(QStringLiteral("\r\n|\r|\n"));
+    return Text.split(lineBreak);
+}
+
+QStringList WrappedAt(const QString &Paragraph, const QFont &Font, int Width)
+{
+    QTextLayout layout(Paragraph, Font);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(Width);
+        lines << Paragraph.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return lines.isEmpty() ? QStringList{QString()} : lines;
+}
+
+QStringList LinesOf(const QString &Text, const QFont &Font, int Width, bool WordWrap)
+{
+    QStringList lines;
+    for (const QString &paragraph : ParagraphsOf(Text))
+        lines << (WordWrap ? WrappedAt(paragraph, Font, Width) : QStringList{paragraph});
+    return lines;
+}
+
+int SizeOf(const QFont &Font) { return Font.pixelSize() > 0 ? Font.pixelSize() : QFontInfo(Font).pixelSize(); }
+
+// The first line needs the height of its letters alone: the air that a font keeps above them may lie outside.
+int HeightOf(qsizetype Lines, const QFont &Font)
+{
+    return SizeOf(Font) + static_cast<int>(Lines - 1) * QFontMetrics(Font).lineSpacing();
+}
+
+int WidthOf(const QStringList &Lines, const QFont &Font)
+{
+    const QFontMetrics metrics(Font);
+    int width = 0;
+    for (const QString &line : Lines) width = std::max(width, metrics.horizontalAdvance(line));
+    return width;
+}
+
+struct Fitted
+{
+    QFont Font;
+    QStringList Lines;
+};
+
+Fitted FitInto(const QSize &Room, const QString &Text, QFont Font, bool WordWrap)
+{
+    const int smallest = std::max(SmallestText, static_cast<int>(SizeOf(Font) * SmallestShare));
+    for (int size = SizeOf(Font);; --size) {
+        Font.setPixelSize(std::max(1, size));
+        const QStringList lines = LinesOf(Text, Font, Room.width(), WordWrap);
+        const bool fits = WidthOf(lines, Font) <= Room.width() && HeightOf(lines.size(), Font) <= Room.height();
+        if (fits || size <= smallest) return {Font, lines};
+    }
+}
+
+// Drops the lines that have no room and marks what was lost by dots.
+void Cut(Fitted &Text, const QSize &Room)
+{
+    const QFontMetrics metrics(Text.Font);
+    const auto whole = Text.Lines.size();
+    while (Text.Lines.size() > 1 && HeightOf(Text.Lines.size(), Text.Font) > Room.height()) Text.Lines.removeLast();
+    if (Text.Lines.size() < whole) Text.Lines.last() += u'…';
+    for (QString &line : Text.Lines) line = metrics.elidedText(line, Qt::ElideRight, Room.width());
+}
+
+int TopOf(const QRect &Place, int Height, Qt::Alignment Alignment)
+{
+    if (Alignment.testFlag(Qt::AlignTop)) return Place.top();
+    if (Alignment.testFlag(Qt::AlignBottom)) return Place.top() + Place.height() - Height;
+    return Place.top() + (Place.height() - Height) / 2;
+}
+} // namespace
+
+QFont Caption::DesignFont(const QFont &Like, double Points, bool Bold)
+{
+    QFont font = Like;
+    font.setPixelSize(std::max(1, qRound(Points * PixelsPerPoint)));
+    font.setBold(Bold);
+    return font;
+}
+
+void Caption::Draw(QPainter &Painter, const QRect &Place, const QString &Text, const QColor &Colour,
+                   Qt::Alignment Alignment, bool WordWrap)
+{
+    if (Text.isEmpty() || Place.isEmpty()) return;
+    Fitted fitted = FitInto(Place.size(), Text, Painter.font(), WordWrap);
+    Cut(fitted, Place.size());
+
+    const QFontMetrics metrics(fitted.Font);
+    const int height = metrics.height() + static_cast<int>(fitted.Lines.size() - 1) * metrics.lineSpacing();
+    QRect line(Place.left(), TopOf(Place, height, Alignment), Place.width(), metrics.height());
+    const int flags = static_cast<int>((Alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter) |
+                      Qt::TextSingleLine | Qt::TextDontClip;
+    Painter.save();
+    Painter.setFont(fitted.Font);
+    Painter.setPen(Colour);
+    for (const QString &text : std::as_const(fitted.Lines)) {
+        Painter.drawText(line, flags, text);
+        line.translate(0, metrics.lineSpacing());
+    }
+    Painter.restore();
+}
+
+QSize Caption::Needs(const QFont &Font, const QString &Text)
+{
+    const QStringList lines = LinesOf(Text, Font, EndlessWidth, false);
+    const QFontMetrics metrics(Font);
+    return {WidthOf(lines, Font), metrics.height() + static_cast<int>(lines.size() - 1) * metrics.lineSpacing()};
+}

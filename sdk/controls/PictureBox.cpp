@@ -1,0 +1,106 @@
+#include "sdk/controls/PictureBox.h"
+
+#include "sdk/controls/Accessible.h"
+#include "sdk/controls/Look.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace
+{
+constexpr double FocusRadius = 3; // [px]
+
+bool Presses(const QKeyEvent &Key)
+{
+    return Key.key() == Qt::Key_Space || Key.key() == Qt::Key_Return || Key.key() == Qt::Key_Enter;
+}
+} // namespace
+
+PictureBox::PictureBox(QWidget *Container) : QWidget(Container)
+{
+    Accessible::TellRoles();
+    Look::KeysAreUsed();
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void PictureBox::SetPictureFile(const QImage &Picture)
+{
+    m_PictureFile = Picture;
+    Cls();
+}
+
+void PictureBox::SetBackColour(const QColor &Colour)
+{
+    m_BackColour = Colour;
+    Cls();
+}
+
+void PictureBox::SetFrameColour(const QColor &Colour)
+{
+    m_FrameColour = Colour;
+    update();
+}
+
+// Kept at the control's size: what was drawn before a resize stays at the top left.
+QImage &PictureBox::Surface()
+{
+    const double scale = devicePixelRatioF();
+    const QSize wanted = (QSizeF(size().expandedTo({1, 1})) * scale).toSize();
+    if (m_Surface.size() == wanted) return m_Surface;
+    const QImage before = m_Surface;
+    m_Surface = QImage(wanted, QImage::Format_RGB32);
+    m_Surface.setDevicePixelRatio(scale);
+    DrawGround();
+    if (!before.isNull()) QPainter(&m_Surface).drawImage(0, 0, before);
+    return m_Surface;
+}
+
+void PictureBox::DrawGround()
+{
+    m_Surface.fill(m_BackColour);
+    if (m_PictureFile.isNull()) return;
+    QPainter painter(&m_Surface);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(0, 0, m_PictureFile);
+}
+
+void PictureBox::Cls()
+{
+    Surface();
+    DrawGround();
+    update();
+}
+
+void PictureBox::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.drawImage(0, 0, Surface());
+    if (m_FrameColour.isValid()) {
+        painter.setPen(m_FrameColour);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    // One that the focus is only kept on is no control, and gets no mark.
+    if (hasFocus() && focusPolicy() != Qt::NoFocus && Look::KeysAreUsed())
+        Look::DrawFocus(painter, rect(), FocusRadius);
+}
+
+void PictureBox::resizeEvent(QResizeEvent *) { Surface(); }
+
+void PictureBox::mousePressEvent(QMouseEvent *event) { event->setAccepted(event->button() == Qt::LeftButton); }
+
+void PictureBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) Q_EMIT Click();
+}
+
+void PictureBox::keyPressEvent(QKeyEvent *event)
+{
+    update();
+    if (!Presses(*event) || event->isAutoRepeat()) return QWidget::keyPressEvent(event);
+    Q_EMIT Click();
+}
+
+void PictureBox::focusInEvent(QFocusEvent *) { update(); }
+
+void PictureBox::focusOutEvent(QFocusEvent *) { update(); }
