@@ -1,0 +1,105 @@
+#include "services/modWheel.h"
+
+#include "platform/Convert.h"
+#include "platform/Step.h"
+
+#include <QMetaMethod>
+#include <QPointer>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <array>
+#include <utility>
+
+namespace
+{
+constexpr int HalfWord = 65536;
+constexpr std::int32_t LowHalf = HalfWord - 1;
+
+class Hook final : public QObject
+{
+public:
+    QPointer<QWidget> Form;
+    bool eventFilter(QObject *receiver, QEvent *event) override { return modWheel::WheelProc(receiver, event); }
+};
+
+Hook &TheHook()
+{
+    static Hook hook;
+    return hook;
+}
+
+std::int32_t KeysOf(const QWheelEvent &event)
+{
+    constexpr std::array buttons{std::pair{Qt::LeftButton, 0x01}, std::pair{Qt::RightButton, 0x02},
+                                 std::pair{Qt::MiddleButton, 0x10}, std::pair{Qt::BackButton, 0x20},
+                                 std::pair{Qt::ForwardButton, 0x40}};
+    constexpr std::array modifiers{std::pair{Qt::ShiftModifier, 0x04}, std::pair{Qt::ControlModifier, 0x08}};
+    std::int32_t keys = 0;
+    for (const auto &[button, bit] : buttons) keys |= event.buttons().testFlag(button) ? bit : 0;
+    for (const auto &[modifier, bit] : modifiers) keys |= event.modifiers().testFlag(modifier) ? bit : 0;
+    return keys;
+}
+
+// Each half keeps its low 16 bits, as a place left of the first screen or a fast wheel has them.
+std::int32_t Packed(int high, int low)
+{
+    const auto half = static_cast<std::int16_t>(high);
+    return half * HalfWord + (low & LowHalf);
+}
+
+modWheel::Turn TurnOf(const QWheelEvent &event)
+{
+    const QPoint place = event.globalPosition().toPoint();
+    return {Packed(event.angleDelta().y(), KeysOf(event)), Packed(place.y(), place.x())};
+}
+// By its name at run time; whoever has none is hooked in vain.
+QMetaMethod MouseWheelOf(const QObject &form)
+{
+    constexpr int numbers = 4;
+    const QMetaObject &type = *form.metaObject();
+    for (int i = type.methodCount() - 1; i >= 0; --i)
+        if (type.method(i).name() == "MouseWheel" && type.method(i).parameterCount() == numbers)
+            return type.method(i);
+    return {};
+}
+} // namespace
+
+void modWheel::HookWheel(QWidget *Form)
+{
+    UnhookWheel();
+    if (Form == nullptr) return;
+    TheHook().Form = Form;
+    Form->installEventFilter(&TheHook());
+}
+
+void modWheel::UnhookWheel()
+{
+    if (TheHook().Form) TheHook().Form->removeEventFilter(&TheHook());
+    TheHook().Form.clear();
+}
+
+QWidget *modWheel::HookedForm() { return TheHook().Form; }
+
+bool modWheel::WheelProc(QObject *Form, QEvent *Event)
+{
+    if (Event->type() != QEvent::Wheel) return false;
+    const auto &wheel = *static_cast<QWheelEvent *>(Event);
+    if (wheel.angleDelta().y() != 0) WheelProc(Form, TurnOf(wheel)); // a wheel turned sideways is another one
+    return false;
+}
+
+void modWheel::WheelProc(QObject *Form, const Turn &Message)
+{
+    const auto rounded = [](std::int32_t packed) { return ToInt32(static_cast<double>(packed) / HalfWord); };
+    const std::int32_t rotation = rounded(Message.wParam);
+    const std::int32_t keys = Message.wParam & LowHalf;
+    const std::int32_t y = rounded(Message.lParam);
+    const std::int32_t x = Message.lParam & LowHalf;
+    const QMetaMethod method = MouseWheelOf(*Form);
+    if (!method.isValid()) return;
+    Step([&] {
+        method.invoke(Form, Qt::DirectConnection, Q_ARG(std::int32_t, rotation), Q_ARG(std::int32_t, keys),
+                      Q_ARG(std::int32_t, y), Q_ARG(std::int32_t, x));
+    });
+}
