@@ -1,0 +1,22 @@
+#include "skin/DrawCaption.h"
+
+#include "platform/Colour.h"
+#include "shell/program/modMain.h"
+#include "skin/CSkin.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+void modMain::DrawCaption(const QFont &Font, QImage &Surface, const QString &Text, int Left, int Flags,
+                          bool UseSkinColour)
+{
+    const bool breaks = (Flags & WordBreak) != 0;
+    const QSize size = (QSizeF(Surface.size()) / Surface.devicePixelRatio()).toSize();
+    const int top = breaks ? 2 : qRound((size.height() - QFontMetrics(Font).height()) / 2.0);
+    QPainter painter(&Surface);
+    painter.setFont(Font);
+    painter.setPen(UseSkinColour && CurrentSkin ? ToColour(CurrentSkin->MenuLabelColour) : QColor(Qt::black));
+    // A caption is plain: "&" stands for itself, and a line break does not start a second line.
+    const int flags = Qt::AlignLeft | Qt::AlignTop | (breaks ? Qt::TextWordWrap : Qt::TextSingleLine);
+    painter.drawText(QRect(QPoint(Left, top), QPoint(size.width() - 1, size.height() - 1)), flags, Text);
+}

@@ -1,0 +1,49 @@
+// A picture as plain bytes: 24 bits a pixel in the order blue, green, red, rows padded to four bytes, the bottom row
+// first.
+#pragma once
+
+#include <QImage>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+class cDIBSection
+{
+public:
+    /// The bitmap's header as it is stored.
+    struct Header
+    {
+        std::uint32_t biSize = 40;
+        std::int32_t biWidth = 0;
+        std::int32_t biHeight = 0; // positive: row 0 of the bits is the bottom row of the picture
+        std::uint16_t biPlanes = 1;
+        std::uint16_t biBitCount = 24;
+        std::uint32_t biCompression = 0;
+        std::uint32_t biSizeImage = 0; // [bytes]
+    };
+
+    /// Fills the header and takes the memory. Answer: false for a size that is empty or can't be had.
+    bool CreateDIB(std::int32_t Width, std::int32_t Height);
+    /// The picture in its own size. An empty one leaves the section empty.
+    void CreateFromPicture(const QImage &Picture);
+    /// A black section of that size instead of the former one. Answer: false leaves it empty.
+    bool Create(std::int32_t Width, std::int32_t Height);
+    /// The length of a row. [bytes]
+    std::int32_t BytesPerScanLine() const;
+    std::int32_t Width() const { return m_tBI.biWidth; }
+    std::int32_t Height() const { return m_tBI.biHeight; }
+    /// Copies a part of a picture to the top left corner; a negative width or height means all of the section's own.
+    /// What the picture does not have stays.
+    void LoadPictureBlt(const QImage &Source, std::int32_t SrcX = 0, std::int32_t SrcY = 0, std::int32_t Width = -1,
+                        std::int32_t Height = -1);
+    /// The first byte of the bottom row; empty when there is no picture.
+    const std::uint8_t *DIBSectionBitsPtr() const { return m_Bits.empty() ? nullptr : m_Bits.data(); }
+    void ClearUp();
+
+    const Header &BitmapInfo() const { return m_tBI; }
+
+private:
+    Header m_tBI;
+    std::vector<std::uint8_t> m_Bits;
+};
