@@ -1,0 +1,40 @@
+// A window onto rows that may be more than fit. The rows lie on a sheet that has the coordinates of the screen, so
+// that each keeps its designed place; where they end below the window, a wheel, a thin bar, or the focus moves the
+// sheet.
+#pragma once
+
+#include <QWidget>
+
+class QScrollBar;
+
+class RowView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit RowView(QWidget *Screen);
+    ~RowView() override;
+    RowView(const RowView &) = delete;
+    RowView &operator=(const RowView &) = delete;
+
+    /// What the rows are made on.
+    QWidget *Sheet() const { return m_Sheet; }
+    /// The part of the screen in which rows may be seen.
+    void SetWindow(const QRect &Window);
+    /// To be called when rows have come, gone or moved.
+    void Fit();
+    /// Back to the first row.
+    void ToTop();
+    /// Moves the sheet so that the whole row can be seen.
+    void Show(const QWidget *Row);
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void FollowFocus(const QWidget *Now);
+    void PlaceSheet();
+
+    QWidget *m_Sheet;
+    QScrollBar *m_Bar;
+};

@@ -1,0 +1,55 @@
+#include "screens/Screen.h"
+
+#include "platform/Picture.h"
+#include "sdk/CNoggleFramework.h"
+#include "sdk/controls/LarkButton.h"
+#include "services/CResource.h"
+#include "shell/program/MainForm.h"
+#include "shell/program/modMain.h"
+#include "skin/ShellSound.h"
+
+#include <QPainter>
+
+namespace
+{
+constexpr QColor PlainGround(0xF4, 0xF8, 0xF7);
+constexpr std::int32_t LongestWord = 256; // characters
+} // namespace
+
+Screen::Screen(QWidget *Container) : QWidget(Container) {}
+
+void Screen::CopyBackground()
+{
+    m_OwnGround = true;
+    const QImage ground = modMain::Form == nullptr ? QImage() : modMain::Form->GameBackground();
+    m_Background = ground.isNull() || size().isEmpty() ? QImage() : PartOf(ground, geometry());
+    update();
+}
+
+void Screen::paintEvent(QPaintEvent *)
+{
+    if (!m_OwnGround) return;
+    QPainter painter(this);
+    if (m_Background.isNull())
+        painter.fillRect(rect(), PlainGround);
+    else
+        painter.drawImage(0, 0, m_Background);
+}
+
+void Screen::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    Arrange();
+}
+
+QString Word(std::int16_t ID)
+{
+    return modMain::Resources ? modMain::Resources->GetString(ID, LongestWord) : QString();
+}
+
+void Beep() { PlayShellSound(QStringLiteral("highbeep")); }
+
+void Skin(LarkButton *Button, const QString &Name)
+{
+    if (modMain::Framework) modMain::Framework->SkinButton(Button, Name);
+}

@@ -1,0 +1,47 @@
+// What the screens have in common: the ground under them, the words, the click's sound, and rows that may be more
+// than fit.
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+
+class LarkButton;
+
+class Screen : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE SetScaleMode)
+
+public:
+    explicit Screen(QWidget *Container);
+
+    /// The surface that the screen is painted on.
+    QPaintDevice *hdc() { return this; }
+    /// The unit of the screen's own layout as the forms have it: 1 twips, 3 pixels. Kept, and changes nothing.
+    int ScaleMode() const { return m_ScaleMode; }
+    void SetScaleMode(int ScaleMode) { m_ScaleMode = ScaleMode; }
+
+protected:
+    /// Copies the game area's background from under the screen. Without a main window, or without a background, the
+    /// ground is a plain light one.
+    void CopyBackground();
+    /// Lays the controls out for the present size.
+    virtual void Arrange() = 0;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QImage m_Background;
+    bool m_OwnGround = false; // a screen that never copied lets the game area show through
+    int m_ScaleMode = 3;
+};
+
+/// A text of the language module.
+QString Word(std::int16_t ID);
+/// The sound of a button.
+void Beep();
+/// Gives a button the skin's pictures, where there is a service object to do so.
+void Skin(LarkButton *Button, const QString &Name = {});

@@ -1,0 +1,90 @@
+// The practice screen: any game at any level, outside the workout. Three panels choose category, game and level;
+// below them stand the five best results of that choice over all players.
+#pragma once
+
+#include "screens/Screen.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class CCategory;
+class CGame;
+class RowView;
+class TransLabel;
+class cTransPictureBox;
+class ctlButtonPanel;
+
+class ctlGameList : public Screen
+{
+    Q_OBJECT
+
+public:
+    explicit ctlGameList(QWidget *Container);
+
+    /// Fills the categories, once in the life of the screen; what was chosen stays chosen after that.
+    void LoadCatList();
+    void LoadGameList();
+    void LoadLevels();
+    /// Refills the table. Failure: passed on.
+    void ShowBestTimes();
+    void SkinUp();
+    void SetStrings();
+
+    /// Opens an address in the desktop's browser; tests set their own.
+    std::function<void(const QString &)> OpenAddress;
+
+protected:
+    void Arrange() override;
+
+private:
+    static constexpr std::size_t TableRows = 5;
+    struct Panel
+    {
+        RowView *View;
+        ctlButtonPanel *Buttons;
+    };
+    struct Line
+    {
+        cTransPictureBox *lblPos;
+        cTransPictureBox *lblName;
+        cTransPictureBox *lblScore;
+        cTransPictureBox *lblTimeTaken;
+        cTransPictureBox *lblDate;
+    };
+
+    void MakePanels();
+    void MakeButtons();
+    void MakeTable();
+    void MakeLinks();
+    Panel PutPanel(const QString &Name, const QRect &Place);
+    void PlacePanel(const Panel &Panel, int Left, int Bottom);
+    void ShowLevels(bool Visible);
+    void ChooseCategory(const QString &Key);
+    void ChooseGame(const QString &Key);
+    void ChooseLevel(const QString &Key);
+
+    TransLabel *lblTitle = nullptr;
+    cTransPictureBox *lblCat = nullptr;
+    cTransPictureBox *lblGame = nullptr;
+    cTransPictureBox *lblLevel = nullptr;
+    Panel cCatList{};
+    Panel cGameList{};
+    Panel cLevels{};
+    LarkButton *cmdPlay = nullptr;
+    LarkButton *cmdInstructions = nullptr;
+    LarkButton *butUpload = nullptr;
+    TransLabel *lblBestTime = nullptr;
+    cTransPictureBox *lblNameTitle = nullptr;
+    cTransPictureBox *lblScoreTitle = nullptr;
+    cTransPictureBox *lblTimeTitle = nullptr;
+    cTransPictureBox *lblDateTitle = nullptr;
+    std::array<Line, TableRows> m_Table{};
+    TransLabel *lblURL = nullptr;
+    TransLabel *lblNewGames = nullptr;
+
+    std::shared_ptr<CCategory> m_Category; // empty at first
+    std::shared_ptr<CGame> m_Game;         // empty at first and after each change of category
+    std::int32_t m_LevelCount = 1;
+    std::int32_t m_Level = 0;
+};

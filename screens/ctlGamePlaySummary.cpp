@@ -1,0 +1,103 @@
+#include "screens/ctlGamePlaySummary.h"
+
+#include "platform/Colour.h"
+#include "screens/Design.h"
+#include "sdk/controls/PictureBox.h"
+#include "sdk/controls/cTransPictureBox.h"
+#include "shell/program/modMain.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace
+{
+constexpr QSize DesignSize(573, 30); // [px]
+constexpr int Gap = 3;               // [px]
+constexpr double BarFont = 8.25;
+constexpr std::int32_t Green = 65280, Red = 255;
+
+enum Words : std::int16_t { CompleteWord = 4500, TimeLeftWord = 4501, TimeTakenWord = 4502 };
+
+void DrawBar(PictureBox *Bar, double Share)
+{
+    const int green = static_cast<int>(std::lround(std::clamp(Share, 0.0, 1.0) * Bar->width()));
+    QPainter painter(&Bar->Surface());
+    painter.fillRect(0, 0, green, Bar->height(), ToColour(Green));
+    painter.fillRect(green, 0, Bar->width() - green, Bar->height(), ToColour(Red));
+    painter.end();
+    Bar->Refresh();
+}
+} // namespace
+
+ctlGamePlaySummary::ctlGamePlaySummary(QWidget *Container) : Screen(Container)
+{
+    MakeControls();
+    resize(DesignSize);
+    Arrange();
+}
+
+void ctlGamePlaySummary::MakeControls()
+{
+    lblGame = PutLabel<cTransPictureBox>(this, QStringLiteral("lblGame"), {2, 2, 152, 22},
+                                         QStringLiteral("Spelling Test"), SmallFont, true, Qt::AlignHCenter);
+    picComplete = Put<PictureBox>(this, QStringLiteral("picComplete"), {157, 3, 132, 20});
+    lblPercent = PutLabel<TransLabel>(picComplete, QStringLiteral("lblPercent"), {0, 1, 127, 15},
+                                      QStringLiteral("Complete: 100%"), BarFont, true);
+    picTime = Put<PictureBox>(this, QStringLiteral("picTime"), {291, 3, 132, 20});
+    lblTime = PutLabel<TransLabel>(picTime, QStringLiteral("lblTime"), {3, 1, 124, 14},
+                                   QStringLiteral("Time left: 99"), BarFont, true);
+    lblPlayer = PutLabel<cTransPictureBox>(this, QStringLiteral("lblPlayer"), {440, 2, 126, 22},
+                                           QStringLiteral("Player Name"), SmallFont, true, Qt::AlignHCenter);
+}
+
+void ctlGamePlaySummary::SetPlayerName(const QString &Name) { lblPlayer->SetCaption(Name); }
+
+void ctlGamePlaySummary::SetGameName(const QString &Name) { lblGame->SetCaption(Name); }
+
+void ctlGamePlaySummary::SetComplete(std::int32_t Percent)
+{
+    lblPercent->SetCaption(QStringLiteral("%1 %2%").arg(Word(CompleteWord), QString::number(Percent)));
+    m_CompleteShare = Percent / 100.0;
+    DrawBar(picComplete, m_CompleteShare);
+}
+
+void ctlGamePlaySummary::FetchWords()
+{
+    if (!m_TimeLeftText.isEmpty()) return;
+    m_TimeLeftText = Word(TimeLeftWord) + u' ';
+    m_TimeTakenText = Word(TimeTakenWord) + u' ';
+}
+
+void ctlGamePlaySummary::SetTimeLeft(std::int32_t Seconds)
+{
+    FetchWords();
+    if (m_TimeLimit != 0) {
+        lblTime->SetCaption(m_TimeLeftText + QString::number(Seconds));
+        m_TimeShare = static_cast<double>(Seconds) / m_TimeLimit;
+    } else {
+        const std::int32_t taken = Seconds == std::numeric_limits<std::int32_t>::min() ? 0 : -Seconds;
+        lblTime->SetCaption(m_TimeTakenText + modMain::FormatTime(taken, false));
+        m_TimeShare = 1;
+    }
+    DrawBar(picTime, m_TimeShare);
+}
+
+void ctlGamePlaySummary::Arrange()
+{
+    const int middle = width() / 2;
+    SetLeft(picComplete, middle - picComplete->width() - Gap);
+    SetLeft(picTime, middle + Gap);
+    lblGame->resize(std::max(0, picComplete->x() - lblGame->x() - Gap), lblGame->height());
+    SetLeft(lblPlayer, picTime->x() + picTime->width() + Gap);
+    lblPlayer->resize(std::max(0, width() - lblPlayer->x() - Gap), lblPlayer->height());
+    DrawBars();
+}
+
+void ctlGamePlaySummary::DrawBars()
+{
+    DrawBar(picComplete, m_CompleteShare);
+    DrawBar(picTime, m_TimeShare);
+}

@@ -1,0 +1,113 @@
+// The chart of the player screen.
+#include "domain/CPlayer.h"
+#include "domain/colCategory.h"
+#include "platform/ChartScale.h"
+#include "platform/Clock.h"
+#include "platform/Colour.h"
+#include "platform/LarkChart.h"
+#include "screens/Design.h"
+#include "screens/ctlUserInfo.h"
+#include "shell/program/modMain.h"
+#include "skin/ShellSound.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace
+{
+// Categories count from 1: the first one is blue, the fifth red.
+constexpr std::array SeriesColours{ColourBytes(255, 0, 0), ColourBytes(0, 0, 255), ColourBytes(0, 255, 0),
+                                   ColourBytes(255, 132, 0), ColourBytes(255, 0, 255)};
+constexpr int Styles = 6, FirstStyle = 2, LineThickness = 2;
+constexpr int MostGridLines = 20; // about
+constexpr QStringView NoCategory = u"zzz";
+
+// Missing where the workout has no result in the category.
+double PointsIn(CWorkout &workout, const CCategory &category)
+{
+    const auto result = workout.GamesPlayed().ByCat(category.Key);
+    return result ? result->Points : ChartScale::Missing;
+}
+
+// Without a result both hold one element, 0.
+bool HasData(const std::vector<double> &dates) { return dates.size() > 1 || (!dates.empty() && dates[0] != 0); }
+} // namespace
+
+void ctlUserInfo::MakeChart()
+{
+    LarkChart1 = Put<LarkChart>(this, QStringLiteral("LarkChart1"), {});
+    LarkChart1->setAccessibleName(QStringLiteral("Progress"));
+    LarkChart1->emptytext = QStringLiteral("Nothing recorded yet.\nThe points of each workout will appear here.");
+    LarkChart1->hide();
+    connect(LarkChart1, &LarkChart::Click, this, [] { PlayShellSound(QStringLiteral("shortbeep")); });
+}
+
+// A category keeps its number, and so its colour and style, whether those before it are drawn or not.
+void ctlUserInfo::ShowWorkoutStats()
+{
+    if (!modMain::CurrentPlayer) return;
+    const colWorkout &workouts = modMain::CurrentPlayer->Workouts();
+    if (!LarkChart1->evenspacing) LarkChart1->Clear();
+    std::vector<double> dates;
+    for (const auto &workout : workouts) dates.push_back(workout->Timestamp);
+    if (dates.empty()) dates.push_back(Now());
+    std::size_t i = 0;
+    for (const auto &category : *modMain::Categories) {
+        ++i;
+        if (category->Name == NoCategory) continue;
+        std::vector<double> points;
+        for (const auto &workout : workouts) points.push_back(PointsIn(*workout, *category));
+        points.resize(dates.size(), ChartScale::Missing);
+        DrawSeries(category->LocalName(), i, dates, std::move(points));
+    }
+    ShowChart(1, dates.front() < dates.back() ? workouts.Count() : 2, true);
+}
+
+void ctlUserInfo::ShowStats()
+{
+    if (!modMain::CurrentPlayer) return;
+    LarkChart1->Clear();
+    double lowest = 0;
+    double highest = 0;
+    std::size_t i = 0;
+    bool found = false;
+    for (const auto &category : *modMain::Categories) {
+        std::vector<double> dates;
+        std::vector<double> points;
+        ++i;
+        modMain::CurrentPlayer->GetGameData(category->Key, dates, points, 1);
+        if (!HasData(dates)) continue;
+        const auto [first, last] = std::minmax_element(dates.begin(), dates.end());
+        lowest = found ? std::min(lowest, *first) : *first;
+        highest = found ? std::max(highest, *last) : *last;
+        found = true;
+        DrawSeries(category->Name, i, std::move(dates), std::move(points));
+    }
+    if (lowest < highest)
+        ShowChart(std::floor(lowest), std::floor(highest) + 1, false);
+    else
+        ShowChart(Today(), Today() + 1, false);
+}
+
+void ctlUserInfo::DrawSeries(const QString &Name, std::size_t Number, std::vector<double> X, std::vector<double> Y)
+{
+    ChartSeries &series = LarkChart1->Series(Name);
+    series.X = std::move(X);
+    series.Y = std::move(Y);
+    series.Colour = SeriesColours[Number % SeriesColours.size()];
+    series.Thickness = LineThickness;
+    series.Style = static_cast<int>((Number + FirstStyle) % Styles) + 1;
+    series.Marks = true;
+}
+
+void ctlUserInfo::ShowChart(double From, double To, bool EvenSpacing)
+{
+    LarkChart1->xmin = From;
+    LarkChart1->xmax = To;
+    LarkChart1->xgridspacing = std::floor((To - From) / MostGridLines) + 1;
+    LarkChart1->evenspacing = EvenSpacing;
+    LarkChart1->Redraw();
+    LarkChart1->raise();
+    LarkChart1->show();
+}
