@@ -1,0 +1,32 @@
+// Takes the tour's pictures: "01-splash.png", "02-choice-of-player.png" and so on, in the order in which they are
+// taken.
+//
+// On a display a picture is a piece of the screen, so that it shows the outline of the windows; a plain ground is
+// laid behind them for that. Where the screen can't be read the windows are drawn into the picture instead. To be
+// used on the interface thread.
+#pragma once
+
+#include <QDir>
+#include <QImage>
+#include <QString>
+
+#include <memory>
+
+class QRasterWindow;
+
+class Camera
+{
+public:
+    /// First: the number of the first picture.
+    Camera(const QString &Folder, int First);
+    ~Camera();
+
+    /// Failure: passed on, when a picture can't be written or is one plain colour.
+    void Take(const QString &Name);
+    int Next() const { return m_Next; }
+
+private:
+    std::unique_ptr<QRasterWindow> m_Ground;
+    QDir m_Folder;
+    int m_Next;
+};
