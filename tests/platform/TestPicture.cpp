@@ -1,0 +1,152 @@
+#include "platform/Picture.h"
+#include "platform/RuntimeError.h"
+
+#include "tests/support/TestFolder.h"
+
+#include <QBuffer>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+QByteArray Word(int value)
+{
+    return QByteArray(1, static_cast<char>(value & 0xFF)) + static_cast<char>(value >> 8 & 0xFF);
+}
+
+// Three-bit codes, the table cleared after every second pixel so that they stay so wide.
+QByteArray Data(const QByteArray &pixels)
+{
+    QByteArray codes;
+    for (qsizetype i = 0; i < pixels.size(); ++i) {
+        if (i % 2 == 0) codes += '\4';
+        codes += pixels[i];
+    }
+    codes += '\5';
+    QByteArray bytes((codes.size() * 3 + 7) / 8, '\0');
+    for (qsizetype bit = 0; bit < codes.size() * 3; ++bit) {
+        if ((codes[bit / 3] >> bit % 3 & 1) != 0) bytes[bit / 8] = static_cast<char>(bytes[bit / 8] | 1 << bit % 8);
+    }
+    return bytes;
+}
+
+const QByteArray Palette("\xFF\x00\xFF\x00\x00\xFF\x10\x20\x30\xFF\xFF\xFF", 12); // magenta, blue, dark, white
+
+// Entry 0 is the transparent one. Up to 255 bytes of data.
+QByteArray Gif(int width, int height, const QByteArray &pixels)
+{
+    const QByteArray data = Data(pixels);
+    return "GIF89a" + Word(width) + Word(height) + QByteArray("\xF1\0\0", 3) + Palette +
+           QByteArray("!\xF9\4\1\0\0\0\0", 8) + ',' + Word(0) + Word(0) + Word(width) + Word(height) +
+           QByteArray("\0\2", 2) + static_cast<char>(data.size()) + data + QByteArray("\0;", 2);
+}
+
+const QByteArray Pixels("\0\1\2\3\1\0", 6);
+QByteArray SmallGif() { return Gif(3, 2, Pixels); }
+
+// Stripes in some colours.
+QByteArray Saved(QSize size, const char *format)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(qRgb(40, 90, 160));
+    for (int y = 0; y < size.height(); y += 3) image.setPixel(y % size.width(), y, qRgb(y % 256, 200, 7));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format, 90)) qFatal("no writer for %s", format);
+    return bytes;
+}
+
+QByteArray SmallJpeg() { return Saved(QSize(40, 30), "JPG"); }
+
+QImage Read(const QByteArray &bytes) { return PictureFromData(bytes, QStringLiteral("a.gif")); }
+
+bool Fails(const QByteArray &bytes)
+{
+    try {
+        Read(bytes);
+        return false;
+    } catch (const RuntimeError &error) {
+        EXPECT_TRUE(error.Description().contains(u"a.gif")) << error.what();
+        return true;
+    }
+}
+} // namespace
+
+TEST(Picture, TheTransparentEntryKeepsItsColour)
+{
+    const QImage picture = Read(SmallGif());
+    EXPECT_EQ(picture.format(), QImage::Format_RGB32);
+    ASSERT_EQ(picture.size(), QSize(3, 2));
+    EXPECT_EQ(picture.pixel(0, 0), qRgb(255, 0, 255));
+    EXPECT_EQ(picture.pixel(1, 0), qRgb(0, 0, 255));
+    EXPECT_EQ(picture.pixel(2, 0), qRgb(0x10, 0x20, 0x30));
+    EXPECT_EQ(picture.pixel(0, 1), qRgb(255, 255, 255));
+    EXPECT_EQ(picture.pixel(2, 1), qRgb(255, 0, 255));
+}
+
+TEST(Picture, AGifCutAnywhereInItsPictureFails)
+{
+    const QByteArray whole = SmallGif();
+    const qsizetype pictureEnd = whole.size() - 2; // then the end of the blocks, and the trailer
+    for (qsizetype size = 0; size < pictureEnd; ++size) EXPECT_TRUE(Fails(whole.left(size))) << size;
+}
+
+TEST(Picture, WhatFollowsTheFirstFrameOfAGifDoesNotMatter)
+{
+    const QImage picture = Read(SmallGif());
+    EXPECT_EQ(Read(SmallGif() + "\r\nthe end"), picture);
+    EXPECT_EQ(Read(SmallGif().chopped(1)), picture) << "no trailer";
+}
+
+TEST(Picture, AGifWithTooFewPixelsFails)
+{
+    EXPECT_TRUE(Fails(Gif(3, 3, Pixels)));
+    EXPECT_TRUE(Fails(Gif(65535, 65535, Pixels)));
+}
+
+TEST(Picture, AJpegIsRead)
+{
+    const QImage picture = Read(SmallJpeg());
+    EXPECT_EQ(picture.format(), QImage::Format_RGB32);
+    EXPECT_EQ(picture.size(), QSize(40, 30));
+}
+
+TEST(Picture, AJpegCutAnywhereFails)
+{
+    const QByteArray whole = SmallJpeg();
+    for (qsizetype size = 0; size < whole.size() - 1; size += 7) EXPECT_TRUE(Fails(whole.left(size))) << size;
+    EXPECT_TRUE(Fails(whole.chopped(1)));
+}
+
+TEST(Picture, JunkFails)
+{
+    for (const QByteArray &junk : {QByteArray(), QByteArray("junk"), QByteArray("GIF89a"), QByteArray("\xFF\xD8"),
+                                   QByteArray("\xFF\xD8\xFF\xE0\0\0", 6), QByteArray(10'000, '\0')})
+        EXPECT_TRUE(Fails(junk)) << junk.toHex().left(20).toStdString();
+}
+
+TEST(Picture, ASideBeyond8192Fails)
+{
+    EXPECT_FALSE(Fails(Saved(QSize(8192, 1), "PNG")));
+    EXPECT_TRUE(Fails(Saved(QSize(8193, 1), "PNG")));
+    EXPECT_TRUE(Fails(Saved(QSize(1, 8193), "PNG")));
+}
+
+TEST(Picture, ALargePictureIsNoReasonToFail)
+{
+    EXPECT_EQ(Read(Saved(QSize(8192, 4200), "PNG")).size(), QSize(8192, 4200)) << "137 MB of pixels";
+}
+
+TEST(Picture, AFileIsFoundWithoutRegardToCaseAndAMissingOneIsNamed)
+{
+    const TestFolder folder;
+    folder.Write(QStringLiteral("Frame.GIF"), SmallGif());
+    EXPECT_EQ(LoadPicture(folder.Path() + QStringLiteral("frame.gif")).size(), QSize(3, 2));
+    try {
+        LoadPicture(folder.Path() + QStringLiteral("none.gif"));
+        ADD_FAILURE();
+    } catch (const RuntimeError &error) {
+        EXPECT_TRUE(error.Description().contains(u"none.gif"));
+    }
+}
