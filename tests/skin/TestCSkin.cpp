@@ -1,0 +1,453 @@
+// Skins on real folders: what reading fills in, what it refuses, and which skins are listed.
+#include "platform/Colour.h"
+#include "platform/Convert.h"
+#include "platform/PicBox.h"
+#include "platform/RuntimeError.h"
+#include "sdk/CSkinPic.h"
+#include "services/modIniFile.h"
+#include "skin/CLoadedSkinPic.h"
+#include "skin/ScreenSize.h"
+#include "skin/colSkin.h"
+#include "tests/skin/SkinTest.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace
+{
+const QString Blue = QStringLiteral("Blue");
+const QByteArray FilledUp = "[font]\r\nFont=Times New Roman\r\n"
+                            "[colours]\r\nGrid=0\r\nBigGrid=0\r\nMenuLabel=0\r\nDigit=0\r\nClueText=0\r\n"
+                            "DigitBackground=0\r\nUnusedCell=0\r\nDigitGiven=0\r\nDigitError=0\r\nPencil=0\r\n"
+                            "PencilAlternative=0\r\nHighlight=0\r\nDialogText=0\r\n"
+                            "[Pictures]\r\nPuzzle=False\r\n[Customize]\r\nCustomize=False\r\n"
+                            "[Graphics]\r\nMax=0\r\nMinY=0\r\nMinX=0\r\n"
+                            "[Position]\r\nGameAreaLeft=0\r\nGameAreaTop=0\r\nGameAreaWidth=0\r\nGameAreaHeight=0\r\n"
+                            "ControlPanelLeft=0\r\nControlPanelTop=0\r\nLogoLeft=0\r\nLogoTop=0\r\nMenuLeft=0\r\n"
+                            "MenuTop=0\r\n";
+
+class Skin : public SkinTest
+{
+protected:
+    /// What lies in the folder of the skin "Blue".
+    QByteArray File(const char *name) { return m_Folder.Read(QStringLiteral("skins/Blue/") + QLatin1String(name)); }
+    bool Has(const char *name) { return m_Folder.Exists(QStringLiteral("skins/Blue/") + QLatin1String(name)); }
+    void Write(const char *name, const QByteArray &bytes)
+    {
+        m_Folder.Write(QStringLiteral("skins/Blue/") + QLatin1String(name), bytes);
+    }
+    void Remove(const char *name)
+    {
+        QFile::remove(m_Folder.Path() + QStringLiteral("skins/Blue/") + QLatin1String(name));
+    }
+    QString Key(const char *file, const char *section, const char *key)
+    {
+        return ReadIniString(QLatin1String(section), QLatin1String(key), {},
+                             m_Folder.Path() + QStringLiteral("skins/Blue/") + QLatin1String(file));
+    }
+    CSkin &Loaded(const QByteArray &settings = {})
+    {
+        GivenSkin(Blue, settings);
+        m_Skin = std::make_unique<CSkin>();
+        m_Skin->SetName(Blue);
+        return *m_Skin;
+    }
+    QStringList Listed()
+    {
+        QStringList names;
+        for (const auto &skin : colSkin()) names << skin->Name();
+        return names;
+    }
+
+    std::unique_ptr<CSkin> m_Skin;
+};
+
+// Loading digits has no caller in the program.
+class DigitSkin : public CSkin
+{
+public:
+    using CSkin::LoadDigitPics;
+};
+} // namespace
+
+TEST_F(Skin, TheFirstReadFillsSkinIniWithEveryKeyOfTheTable)
+{
+    Loaded();
+    EXPECT_EQ(File("Skin.ini"), FilledUp);
+    EXPECT_FALSE(Has("Custom.ini"));
+}
+
+TEST_F(Skin, AMissingSkinIniIsMade)
+{
+    GivenSkin(Blue);
+    Remove("Skin.ini");
+    CSkin skin;
+    skin.SetName(Blue);
+    EXPECT_EQ(File("Skin.ini"), FilledUp);
+    EXPECT_EQ(skin.Font, QStringLiteral("Times New Roman"));
+}
+
+TEST_F(Skin, ReadingAgainChangesNothing)
+{
+    CSkin &skin = Loaded("; mine\n[colours]\nGrid = 255\n");
+    const QByteArray first = File("Skin.ini");
+    skin.LoadIniFile();
+    EXPECT_EQ(File("Skin.ini"), first);
+    EXPECT_EQ(skin.GridColour, 255);
+}
+
+TEST_F(Skin, EveryFieldComesFromItsKey)
+{
+    QByteArray settings = FilledUp;
+    int number = 100;
+    for (qsizetype at = settings.indexOf("=0\r\n"); at >= 0; at = settings.indexOf("=0\r\n", at + 1))
+        settings.replace(at, 2, "=" + QByteArray::number(number++));
+    settings.replace("Puzzle=False", "Puzzle=True");
+    const CSkin &skin = Loaded(settings);
+    const auto value = [&](const char *section, const char *key) { return Key("Skin.ini", section, key).toInt(); };
+    EXPECT_EQ(skin.GridColour, value("colours", "Grid"));
+    EXPECT_EQ(skin.BigGridColour, value("colours", "BigGrid"));
+    EXPECT_EQ(skin.MenuLabelColour, value("colours", "MenuLabel"));
+    EXPECT_EQ(skin.DigitColour, value("colours", "Digit"));
+    EXPECT_EQ(skin.ClueTextColour, value("colours", "ClueText"));
+    EXPECT_EQ(skin.DigitBackgroundColour, value("colours", "DigitBackground"));
+    EXPECT_EQ(skin.UnusedCellColour, value("colours", "UnusedCell"));
+    EXPECT_EQ(skin.DigitGivenColour, value("colours", "DigitGiven"));
+    EXPECT_EQ(skin.DigitErrorColour, value("colours", "DigitError"));
+    EXPECT_EQ(skin.PencilColour, value("colours", "Pencil"));
+    EXPECT_EQ(skin.PencilAlternativeColour, value("colours", "PencilAlternative"));
+    EXPECT_EQ(skin.HighlightColour, value("colours", "Highlight"));
+    EXPECT_EQ(skin.DialogTextColour, value("colours", "DialogText"));
+    EXPECT_TRUE(skin.ShowPuzzlePic);
+    EXPECT_EQ(skin.MaxGraphic(), value("Graphics", "Max"));
+    EXPECT_EQ(skin.GameAreaLeft, value("Position", "GameAreaLeft"));
+    EXPECT_EQ(skin.GameAreaTop, value("Position", "GameAreaTop"));
+    EXPECT_EQ(skin.GameAreaWidth, value("Position", "GameAreaWidth"));
+    EXPECT_EQ(skin.GameAreaHeight, value("Position", "GameAreaHeight"));
+    EXPECT_EQ(skin.ControlPanelLeft, value("Position", "ControlPanelLeft"));
+    EXPECT_EQ(skin.ControlPanelTop, value("Position", "ControlPanelTop"));
+    EXPECT_EQ(skin.LogoLeft, value("Position", "LogoLeft"));
+    EXPECT_EQ(skin.LogoTop, value("Position", "LogoTop"));
+    EXPECT_EQ(skin.MenuLeft, value("Position", "MenuLeft"));
+    EXPECT_EQ(skin.MenuTop, value("Position", "MenuTop"));
+    EXPECT_EQ(skin.MinScreenHeight(), value("Graphics", "MinY"));
+    EXPECT_EQ(skin.MinScreenWidth(), value("Graphics", "MinX"));
+    EXPECT_EQ(skin.MinScreenWidth(), number - 11) << "the numbers ran on through the file";
+}
+
+TEST_F(Skin, CustomisedWithoutCustomIniMakesItWithEveryKeyLayoutIncluded)
+{
+    Loaded("[Customize]\r\nCustomize=True\r\n[colours]\r\nGrid=7\r\n[Position]\r\nMenuTop=42\r\n");
+    QByteArray expected = FilledUp;
+    expected.replace("\nGrid=0", "\nGrid=7")
+        .replace("MenuTop=0", "MenuTop=42")
+        .replace("Customize=False", "Customize=True");
+    EXPECT_EQ(File("Custom.ini"), expected);
+}
+
+TEST_F(Skin, CustomIniOverridesKeyByKey)
+{
+    GivenSkin(Blue);
+    Write("Custom.ini", "[colours]\r\nDigit=9\r\n[Position]\r\nMenuLeft=11\r\n");
+    const CSkin &skin = Loaded("[Customize]\r\nCustomize=1\r\n[colours]\r\nGrid=7\r\nDigit=8\r\n");
+    EXPECT_EQ(skin.GridColour, 7);
+    EXPECT_EQ(skin.DigitColour, 9);
+    EXPECT_EQ(skin.MenuLeft, 11) << "a position that stands there counts";
+}
+
+TEST_F(Skin, TheFontAloneFallsBackWhenCustomIniHasNone)
+{
+    const CSkin &skin = Loaded("[Customize]\r\nCustomize=1\r\n[font]\r\nFont=Comic\r\n");
+    EXPECT_EQ(skin.Font, QStringLiteral("Times New Roman"));
+    EXPECT_EQ(Key("Custom.ini", "font", "Font"), QStringLiteral("Times New Roman"));
+    EXPECT_EQ(Key("Skin.ini", "font", "Font"), QStringLiteral("Comic"));
+}
+
+TEST_F(Skin, CustomiseIsOnByOneOrTrueAndNotByTrueInLowerCase)
+{
+    EXPECT_TRUE(Loaded("[Customize]\r\nCustomize=1\r\n").Customize);
+    EXPECT_TRUE(Loaded("[Customize]\r\nCustomize=True\r\n").Customize);
+    Remove("Custom.ini");
+    EXPECT_FALSE(Loaded("[Customize]\r\nCustomize=true\r\n").Customize);
+    EXPECT_FALSE(Has("Custom.ini"));
+}
+
+TEST_F(Skin, AColourIsTheNumberThatItsTextStartsWith)
+{
+    const std::pair<const char *, int> colours[] = {
+        {"255 red", 255}, {"&HFF00", 0xFF00}, {"&HFFFF", 65535}, {"&O17", 15}, {"blue", 0}, {"2.5", 2}, {"3.5", 4}};
+    for (const auto &[text, colour] : colours)
+        EXPECT_EQ(Loaded(QByteArray("[colours]\r\nGrid=") + text).GridColour, colour) << text;
+    EXPECT_THROW(Loaded("[colours]\r\nGrid=99999999999"), RuntimeError);
+}
+
+TEST_F(Skin, APositionThatIsNoNumberFailsTheWholeLoad)
+{
+    EXPECT_THROW(Loaded("[Position]\r\nMenuTop=left"), RuntimeError);
+    EXPECT_THROW(Loaded("[Graphics]\r\nMinX=12 px"), RuntimeError);
+    EXPECT_EQ(Loaded("[Position]\r\nMenuTop=12.5").MenuTop, 12);
+}
+
+TEST_F(Skin, AMissingPanelPictureFailsTheLoadAnyOtherDoesNot)
+{
+    for (const char *name : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"}) {
+        GivenSkin(Blue);
+        Remove(name);
+        CSkin skin;
+        EXPECT_THROW(skin.SetName(Blue), RuntimeError) << name;
+    }
+    EXPECT_NO_THROW(Loaded());
+}
+
+TEST_F(Skin, AMissingPictureFailsOnceAndIsEmptyFromThenOn)
+{
+    CSkin &skin = Loaded();
+    EXPECT_THROW(skin.WideButton(), RuntimeError);
+    EXPECT_TRUE(skin.WideButton().isNull());
+    EXPECT_THROW(skin.Frame(), RuntimeError);
+    EXPECT_TRUE(skin.Frame()->picture().isNull());
+    Write("WideButton.gif", Gif(3, 3));
+    EXPECT_TRUE(skin.WideButton().isNull()) << "a picture is that of the first read";
+}
+
+TEST_F(Skin, EachPictureComesFromItsFile)
+{
+    using Read = QImage (CSkin::*)();
+    const std::pair<const char *, Read> pictures[] = {{"ButtonSelected", &CSkin::ButtonSelected},
+                                                      {"ButtonHighlight", &CSkin::ButtonHighlight},
+                                                      {"ButtonBackground", &CSkin::ButtonBackground},
+                                                      {"BackgroundPicture", &CSkin::BackgroundPicture},
+                                                      {"DialogPicture", &CSkin::DialogPicture},
+                                                      {"DigitButton", &CSkin::DigitButton},
+                                                      {"DigitButtonPressed", &CSkin::DigitButtonPressed},
+                                                      {"WideButton", &CSkin::WideButton},
+                                                      {"WideButtonPressed", &CSkin::WideButtonPressed},
+                                                      {"VeryWideButton", &CSkin::VeryWideButton},
+                                                      {"VeryWideButtonPressed", &CSkin::VeryWideButtonPressed},
+                                                      {"PuzzleBackground", &CSkin::PuzzleBackground},
+                                                      {"PuzzleBackgroundGiven", &CSkin::PuzzleBackgroundGiven}};
+    GivenSkin(Blue);
+    int width = 10;
+    for (const auto &[name, read] : pictures) Write((QByteArray(name) + ".gif").constData(), Gif(width++, 5));
+    CSkin skin;
+    skin.SetName(Blue);
+    width = 10;
+    for (const auto &[name, read] : pictures) EXPECT_EQ((skin.*read)().width(), width++) << name;
+}
+
+TEST_F(Skin, APictureOfAnotherLetterCaseIsFound)
+{
+    GivenSkin(Blue);
+    Write("WIDEBUTTON.GIF", Gif(7, 7));
+    CSkin skin;
+    skin.SetName(QStringLiteral("blue"));
+    EXPECT_EQ(skin.WideButton().width(), 7);
+}
+
+TEST_F(Skin, ANamedPictureThatIsMissingIsEmptyForGood)
+{
+    CSkin &skin = Loaded();
+    EXPECT_TRUE(skin.Pic(QStringLiteral("Button300")).isNull());
+    Write("Button300.gif", Gif(30, 5));
+    EXPECT_TRUE(skin.Pic(QStringLiteral("button300")).isNull());
+    Write("Other.gif", Gif(31, 5));
+    EXPECT_EQ(skin.Pic(QStringLiteral("Other")).width(), 31);
+}
+
+TEST_F(Skin, DigitButtonGraphicIsAPathAndLoadsNothing)
+{
+    const CSkin &skin = Loaded();
+    EXPECT_EQ(skin.DigitButtonGraphic(7), skin.SkinPath() + QStringLiteral("DigitButton7.gif"));
+    EXPECT_EQ(skin.SkinPath(), m_Folder.Path() + QStringLiteral("skins/Blue/"));
+}
+
+TEST_F(Skin, ParamReadsSkinIniOnlyKeepsTheTextAndNeverWrites)
+{
+    CSkin &skin = Loaded("[Position]\r\nMinimizeLeft=12\r\n[Customize]\r\nCustomize=1\r\n");
+    Write("Custom.ini", File("Custom.ini") + "MinimizeLeft=99\r\n");
+    const QByteArray before = File("Skin.ini");
+    EXPECT_EQ(skin.Param(QStringLiteral("Position"), QStringLiteral("MinimizeLeft")), QStringLiteral("12"));
+    EXPECT_EQ(skin.Param(QStringLiteral("Position"), QStringLiteral("MinimizeTop")), QString());
+    EXPECT_EQ(File("Skin.ini"), before);
+    Write("Skin.ini", before + "MinimizeTop=3\r\n");
+    EXPECT_EQ(skin.Param(QStringLiteral("position"), QStringLiteral("minimizetop")), QString()) << "kept as empty";
+}
+
+TEST_F(Skin, AParamThatReadsAsTheMarkerIsReadAnewEachTime)
+{
+    CSkin &skin = Loaded("[A]\r\nB=qqq\r\n");
+    EXPECT_EQ(skin.Param(QStringLiteral("A"), QStringLiteral("B")), QStringLiteral("qqq"));
+    Write("Skin.ini", "[A]\r\nB=now\r\n");
+    EXPECT_EQ(skin.Param(QStringLiteral("A"), QStringLiteral("B")), QStringLiteral("now"));
+}
+
+TEST_F(Skin, SavedCustomSettingsComeBackAndTheLayoutIsLeftOut)
+{
+    CSkin &skin = Loaded("[Position]\r\nMenuTop=42\r\n");
+    skin.Customize = true;
+    skin.Font = QStringLiteral("Inter");
+    skin.GridColour = ColourBytes(1, 2, 3);
+    skin.ClueTextColour = 77;
+    skin.ShowPuzzlePic = true;
+    skin.MenuTop = 1;
+    skin.SaveCustomSettings();
+    EXPECT_EQ(File("Custom.ini"),
+              "[font]\r\nFont=Inter\r\n[colours]\r\nGrid=197121\r\nBigGrid=0\r\nMenuLabel=0\r\nDigit=0\r\n"
+              "DigitBackground=0\r\nDigitGiven=0\r\nDigitError=0\r\nUnusedCell=0\r\nPencil=0\r\n"
+              "PencilAlternative=0\r\nHighlight=0\r\nDialogText=0\r\nClueText=77\r\n[Pictures]\r\nPuzzle=1\r\n");
+    EXPECT_EQ(Key("Skin.ini", "Customize", "Customize"), QStringLiteral("1"));
+
+    CSkin fresh;
+    fresh.SetName(Blue);
+    EXPECT_EQ(fresh.Font, QStringLiteral("Inter"));
+    EXPECT_EQ(fresh.GridColour, 197121);
+    EXPECT_EQ(fresh.ClueTextColour, 77);
+    EXPECT_TRUE(fresh.ShowPuzzlePic);
+    EXPECT_EQ(fresh.MenuTop, 42);
+    EXPECT_EQ(Key("Custom.ini", "Position", "MenuTop"), QStringLiteral("42"));
+}
+
+TEST_F(Skin, PaintPicTakesThePieceAtTheChosenCorner)
+{
+    // A background of two halves: the panel is anchored top right.
+    GivenSkin(Blue);
+    Write("ButtonBackground.gif", Gif(4, 4, 0xffff0000));
+    CSkin skin;
+    skin.SetName(Blue);
+    PicBox target;
+    target.BackColour = Qt::green;
+    target.SetSize(6, 6);
+    const auto at = [&](int x, int y) { return target.Image().pixelColor(x, y); };
+    skin.PaintPic(target, 1, true, false);
+    EXPECT_EQ(at(5, 0), QColor(Qt::red));
+    EXPECT_EQ(at(2, 3), QColor(Qt::red));
+    EXPECT_EQ(at(1, 0), QColor(Qt::green)) << "narrower than the target: the back colour stays";
+    EXPECT_EQ(at(5, 4), QColor(Qt::green));
+    skin.PaintPic(target, 1, false, true);
+    EXPECT_EQ(at(0, 5), QColor(Qt::red));
+    EXPECT_EQ(at(5, 5), QColor(Qt::green));
+    skin.PaintPic(target, 4, true, false);
+    EXPECT_EQ(at(0, 0), QColor(Qt::green));
+    EXPECT_THROW(skin.PaintPic(target, 0, true, false), RuntimeError);
+    EXPECT_THROW(skin.PaintPic(target, 6, true, false), RuntimeError);
+}
+
+TEST_F(Skin, PanelSlotsAreBackgroundHighlightSelected)
+{
+    GivenSkin(Blue);
+    Write("ButtonBackground.gif", Gif(4, 4, 0xffff0000));
+    Write("ButtonHighlight.gif", Gif(4, 4, 0xff00ff00));
+    Write("ButtonSelected.gif", Gif(4, 4, 0xff0000ff));
+    CSkin skin;
+    skin.SetName(Blue);
+    PicBox target;
+    const QColor colours[] = {Qt::red, Qt::green, Qt::blue};
+    for (int slot = 1; slot <= 3; ++slot) {
+        skin.PaintPic(target, slot, true, false);
+        EXPECT_EQ(target.Image().pixelColor(0, 0), colours[slot - 1]);
+    }
+}
+
+TEST_F(Skin, DigitsAreOutOfBoundsUntilTheyAreLoaded)
+{
+    GivenSkin(Blue, "[Graphics]\r\nMax=2\r\n");
+    Write("Digit1.gif", Gif(5, 5));
+    Write("Digit2.gif", Gif(6, 6));
+    DigitSkin skin;
+    skin.SetName(Blue);
+    EXPECT_THROW(skin.DigitPic(1), RuntimeError);
+    skin.LoadDigitPics();
+    EXPECT_EQ(skin.DigitPic(2)->Width(), 6);
+    EXPECT_THROW(skin.DigitPic(3), RuntimeError);
+}
+
+TEST_F(Skin, APictureObjectIsLoadedOnceAndMeasuresInTwips)
+{
+    const QString one = m_Folder.Write(QStringLiteral("one.gif"), Gif(10, 4));
+    const QString two = m_Folder.Write(QStringLiteral("two.gif"), Gif(20, 20));
+    CLoadedSkinPic picture;
+    EXPECT_EQ(picture.Width(), 0);
+    EXPECT_TRUE(picture.Load(one).isNull()) << "the result is left empty";
+    picture.Load(two);
+    EXPECT_EQ(picture.Width(), 150);
+    EXPECT_EQ(picture.Height(), 60);
+    EXPECT_EQ(picture.picture().size(), QSize(10, 4));
+}
+
+TEST_F(Skin, AScreenOfExactlyTheLeastSizeAcceptsTheSkinOnePixelLessDoesNot)
+{
+    const CSkin &skin = Loaded("[Graphics]\r\nMinX=1024\r\nMinY=768\r\n");
+    const std::pair<QSize, bool> screens[] = {
+        {{1024, 768}, true}, {{1023, 768}, false}, {{1024, 767}, false}, {{800, 600}, false}};
+    for (const auto &[size, fits] : screens) {
+        SetScreenSize(size);
+        EXPECT_EQ(skin.CanBeUsed(), fits) << size.width() << "x" << size.height();
+    }
+}
+
+TEST_F(Skin, SkinsAreListedByNameWithoutRegardToCase)
+{
+    for (const char *name : {"beta", "Alpha", "Gamma", ".hidden"}) GivenSkin(QLatin1String(name));
+    EXPECT_EQ(Listed(), (QStringList{QStringLiteral("Alpha"), QStringLiteral("beta"), QStringLiteral("Gamma")}));
+    const colSkin skins;
+    EXPECT_EQ(skins.Item(QStringLiteral("BETA")), skins.Item(2));
+    EXPECT_THROW(skins.Item(QStringLiteral("2")), RuntimeError) << "a number in text form is a name";
+    EXPECT_THROW(skins.Item(4), RuntimeError);
+}
+
+TEST_F(Skin, ASkinTooLargeForTheScreenIsNotListed)
+{
+    GivenSkin(Blue);
+    GivenSkin(QStringLiteral("Huge"), "[Graphics]\r\nMinX=1024\r\n");
+    SetScreenSize({800, 600});
+    EXPECT_EQ(Listed(), QStringList{Blue});
+}
+
+TEST_F(Skin, BrokenSkinsDropOutAlone)
+{
+    GivenSkin(Blue);
+    GivenSkin(QStringLiteral("NoNumber"), "[Position]\r\nMenuTop=x\r\n");
+    GivenSkin(QStringLiteral("NoPicture"));
+    QFile::remove(m_Folder.Path() + QStringLiteral("skins/NoPicture/ButtonHighlight.gif"));
+    GivenSkin(QStringLiteral("Damaged"));
+    m_Folder.Write(QStringLiteral("skins/Damaged/ButtonSelected.gif"), Gif(200, 40).left(60));
+    m_Folder.Write(QStringLiteral("skins/readme.txt"), "no skin");
+    QDir().mkpath(m_Folder.Path() + QStringLiteral("skins/Empty"));
+    EXPECT_EQ(Listed(), QStringList{Blue});
+    EXPECT_EQ(m_Folder.Read(QStringLiteral("skins/readme.txt")), "no skin");
+}
+
+TEST_F(Skin, NoSkinsFolderGivesAnEmptyList) { EXPECT_TRUE(Listed().isEmpty()); }
+
+TEST_F(Skin, AFolderThatCannotBeWrittenIsListedAllTheSame)
+{
+    GivenSkin(Blue);
+    const QString folder = m_Folder.Path() + QStringLiteral("skins/Blue");
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(Listed(), QStringList{Blue});
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(Skin, TheDeliveredSkinsAreCompleteAndReadingThemWritesNothing)
+{
+    for (const char *name : {"Meadow", "Night"}) {
+        GivenDeliveredSkin(QLatin1String(name));
+        const QString ini = QStringLiteral("skins/%1/Skin.ini").arg(QLatin1String(name));
+        const QByteArray before = m_Folder.Read(ini);
+        DigitSkin skin;
+        skin.SetName(QLatin1String(name));
+        EXPECT_EQ(m_Folder.Read(ini), before) << name;
+        using Read = QImage (CSkin::*)();
+        for (const Read read :
+             {&CSkin::BackgroundPicture, &CSkin::DialogPicture, &CSkin::DigitButton, &CSkin::DigitButtonPressed,
+              &CSkin::WideButton, &CSkin::WideButtonPressed, &CSkin::VeryWideButton, &CSkin::VeryWideButtonPressed,
+              &CSkin::PuzzleBackground, &CSkin::PuzzleBackgroundGiven})
+            EXPECT_FALSE((skin.*read)().isNull()) << name;
+        EXPECT_FALSE(skin.Pic(QStringLiteral("Button300")).isNull());
+        EXPECT_FALSE(skin.Pic(QStringLiteral("Button300Down")).isNull());
+        EXPECT_NO_THROW(skin.LoadDigitPics());
+        EXPECT_EQ(skin.Frame()->picture().size(), QSize(900, 640));
+        EXPECT_EQ(skin.GameAreaWidth, 620);
+        EXPECT_EQ(skin.GameAreaHeight, 510);
+    }
+}
