@@ -1,0 +1,201 @@
+#include "tests/games/stage/Stage.h"
+
+#include "platform/Files.h"
+#include "shell/program/modMain.h"
+
+#include <gtest/gtest.h>
+
+#include <QTimer>
+
+namespace
+{
+const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "lantern-row/");
+constexpr int Enter = 13;
+constexpr int Space = 32;
+
+class LanternRow : public testing::Test
+{
+protected:
+    Stage Table{QStringLiteral("LanternRow.GameArea"), Folder};
+    int Columns = 3;
+    int Rows = 3;
+
+    /// Column and row, from 1, as they light: what a screen reader hears.
+    QList<QPoint> Watch()
+    {
+        QList<QPoint> lit;
+        QString last;
+        const QString watching = Word("Watch");
+        for (int i = 0; i < 1500 && Table.Game->Control()->accessibleName() == watching; ++i) {
+            Stage::Turn(10);
+            const QString now = Table.Game->Control()->accessibleDescription();
+            if (now == last || now.isEmpty()) continue;
+            last = now;
+            lit.append({now.section(u',', 0, 0).toInt(), now.section(u',', 1).toInt()});
+        }
+        return lit;
+    }
+    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
+    QString Line() const { return Table.Game->Control()->accessibleName(); }
+    void Press(QPoint lantern)
+    {
+        const QSize size = Table.Game->Control()->size();
+        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
+        const QPointF origin((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2);
+        const QPointF place(30 + (lantern.x() - 0.5) * 560 / Columns, 52 + (lantern.y() - 0.5) * 312 / Rows);
+        Table.Click((origin + place * scale).toPoint());
+    }
+    int Sounds(const char *name) const
+    {
+        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
+    }
+};
+} // namespace
+
+TEST_F(LanternRow, IsWatchedThenPlayedWithTheMouse)
+{
+    Table.Start(1);
+    const QList<QPoint> order = Watch();
+    ASSERT_EQ(order.size(), 2);
+    EXPECT_EQ(Line(), Word("Same"));
+    for (const QPoint lantern : order) Press(lantern);
+    EXPECT_EQ(Sounds("right"), 1);
+    EXPECT_EQ(Table.Score(), 125 * 2 / 40);
+    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 / 16);
+    Stage::Turn(1000);
+    EXPECT_EQ(Line(), Word("Watch")) << "the next round begins by itself";
+}
+
+TEST_F(LanternRow, IsPlayedWithTheKeysAlone)
+{
+    Table.Start(1);
+    QPoint ring(2, 2); // it begins in the middle
+    const QList<QPoint> order = Watch();
+    for (const QPoint lantern : order) {
+        for (; ring.x() < lantern.x(); ring.rx()++) Table.Key(39);
+        for (; ring.x() > lantern.x(); ring.rx()--) Table.Key(37);
+        for (; ring.y() < lantern.y(); ring.ry()++) Table.Key(40);
+        for (; ring.y() > lantern.y(); ring.ry()--) Table.Key(38);
+        Table.Key(lantern == order.first() ? Enter : Space);
+    }
+    EXPECT_EQ(Sounds("right"), 1);
+}
+
+TEST_F(LanternRow, TheRingStopsAtTheEdges)
+{
+    Table.Start(1);
+    for (int i = 0; i < 9; ++i) Table.Key(37);
+    for (int i = 0; i < 9; ++i) Table.Key(38);
+    Watch();
+    Table.Key(Enter);
+    EXPECT_EQ(Table.Game->Control()->accessibleDescription(), QStringLiteral("1, 1"));
+}
+
+TEST_F(LanternRow, AMistakeIsShownWithTheRightOrder)
+{
+    Table.Start(1);
+    QList<QPoint> order = Watch();
+    Press(order.last());
+    EXPECT_EQ(Sounds("wrong"), 1);
+    EXPECT_EQ(Line(), Word("Wrong"));
+    EXPECT_EQ(Table.Score(), 0);
+    Press(order.first());
+    EXPECT_EQ(Table.Score(), 0) << "nothing counts while it is told";
+}
+
+TEST_F(LanternRow, PressesDoNotCountWhileWatching)
+{
+    Table.Start(1);
+    Press({2, 2});
+    Table.Key(Enter);
+    EXPECT_EQ(Line(), Word("Watch"));
+    EXPECT_EQ(Sounds("wrong"), 0);
+}
+
+TEST_F(LanternRow, HiddenStandsStill)
+{
+    Table.Start(1);
+    Stage::Turn(300);
+    Table.Game->SetVisible(false);
+    Stage::Turn(3000);
+    EXPECT_EQ(Table.Game->Control()->accessibleDescription(), QString());
+    Table.Game->SetVisible(true);
+    EXPECT_EQ(Watch().size(), 2) << "no lantern was lit unseen";
+}
+
+TEST_F(LanternRow, NoTimerRunsWhileThePlayerThinks)
+{
+    Table.Start(1);
+    Watch();
+    Stage::Turn(500);
+    const auto timers = Table.Game->Control()->findChildren<QTimer *>();
+    EXPECT_FALSE(timers.isEmpty());
+    for (const QTimer *timer : timers) EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(LanternRow, TheLastRoundEndsTheSessionAtOnce)
+{
+    Table.Framework->GameOver = [this] {
+        Table.Game->Message(QStringLiteral("unload"));
+        Table.Game->Unload();
+    };
+    Columns = 4;
+    Table.Start(5);
+    for (int round = 0; round < 8; ++round) {
+        EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+        Press(Watch().last());
+        if (round < 7) Stage::Turn(2300);
+    }
+    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 1);
+    Stage::Turn(20);
+}
+
+TEST_F(LanternRow, EveryWordOfItsOwnIsThereInBothLanguages)
+{
+    for (const char *name : {"Name", "Watch", "Same", "Backward", "Right", "Wrong", "Points", "Level", "TimeUp"}) {
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
+    }
+}
+
+TEST_F(LanternRow, HasASoundForEveryStepOfEveryField)
+{
+    for (const char *name : {"note0", "note1", "note2", "note3", "note4", "note5", "note6", "right", "wrong", "done"})
+        EXPECT_TRUE(FileExists(Folder + QStringLiteral("sounds/%1.wav").arg(QLatin1String(name)))) << name;
+}
+
+TEST_F(LanternRow, PicturesDifferBetweenItsParts)
+{
+    struct Row
+    {
+        const char *name;
+        QSize size;
+        int level, columns, rows;
+        bool dark;
+    };
+    for (const Row &row : {Row{"designed", {632, 440}, 1, 3, 3, false}, Row{"dark", {632, 440}, 8, 4, 4, true},
+                           Row{"small", {380, 290}, 3, 4, 3, false}, Row{"large", {1600, 1000}, 4, 4, 3, true}}) {
+        const QString name = QStringLiteral("lantern-") + QLatin1String(row.name);
+        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
+        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
+        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Columns = row.columns;
+        Rows = row.rows;
+        Table.Resize(row.size);
+        Table.Start(row.level);
+        Table.Key(39);
+        Stage::Turn(1100);
+        const QImage lit = Table.Picture();
+        Table.Keep(name + QStringLiteral("-1-lit"));
+        QList<QPoint> order = Watch();
+        if (row.level >= 6) std::reverse(order.begin(), order.end());
+        const QImage play = Table.Picture();
+        Table.Keep(name + QStringLiteral("-2-play"));
+        Press(order.at(0));
+        Press(order.at(0));
+        Stage::Turn(500);
+        EXPECT_NE(lit, play);
+        EXPECT_NE(play, Table.Picture());
+        Table.Keep(name + QStringLiteral("-3-mistake"));
+    }
+}

@@ -1,0 +1,212 @@
+#include "games/tally-rush/TallyRules.h"
+
+#include <gtest/gtest.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+/// Works a task out again, from its text alone.
+int WorkedOut(const QString &text)
+{
+    const QStringList words = text.split(u' ');
+    int sum = 0;
+    int sign = 1;
+    int product = words.at(0).toInt();
+    for (qsizetype i = 1; i < words.size(); i += 2) {
+        const int number = words.at(i + 1).toInt();
+        if (words.at(i) == u"\u00d7") {
+            product *= number;
+        } else if (words.at(i) == u"\u00f7") {
+            EXPECT_EQ(product % number, 0) << qPrintable(text);
+            product /= number;
+        } else {
+            sum += sign * product;
+            sign = words.at(i) == u"+" ? 1 : -1;
+            product = number;
+        }
+    }
+    return sum + sign * product;
+}
+
+/// A player as a few numbers: seconds to see a task, for one fact, for a key; how often the answer is right. Each
+/// further step holds more in mind and costs more than the first. The times of a key are those of an average and of a
+/// skilled typist.
+struct ModelPlayer
+{
+    double see, fact, key, right;
+};
+constexpr ModelPlayer Good{0.6, 0.75, 0.28, 0.95};
+constexpr ModelPlayer Expert{0.5, 0.5, 0.20, 0.98};
+constexpr ModelPlayer Learner{0.8, 1.3, 0.5, 0.9};
+constexpr double Limit = 60;        // [s]
+constexpr double MistakeTime = 1.4; // [s]
+constexpr double LaterSteps = 1.4;  // of the first step's time
+
+struct Session
+{
+    int points, total;
+};
+
+Session Play(const ModelPlayer &player, int level, std::uint32_t seed)
+{
+    TallyRules rules(level, seed);
+    SeededRandom chance(seed + 1);
+    double time = 0;
+    while (!rules.Over()) {
+        const TallyTask task = rules.Task();
+        const double work = player.see + player.fact * (1 + LaterSteps * (task.Steps - 1));
+        const double swing = 0.7 + 0.6 * chance.Between(0, 1000) / 1000.0;
+        time += work * swing + player.key * static_cast<double>(QString::number(task.Result).size() + 1);
+        if (time > Limit) break;
+        const bool right = chance.Between(1, 1000) <= player.right * 1000;
+        if (!rules.Answer(right ? task.Result : task.Result + 1)) time += MistakeTime;
+    }
+    const double left = std::max(0.0, Limit - time) / Limit;
+    return {rules.Points(), rules.Points() + static_cast<int>(left * rules.Points())};
+}
+
+double Median(const ModelPlayer &player, int level)
+{
+    std::vector<int> totals;
+    for (std::uint32_t seed = 0; seed < 1001; ++seed) totals.push_back(Play(player, level, seed).total);
+    std::nth_element(totals.begin(), totals.begin() + 500, totals.end());
+    return totals[500];
+}
+} // namespace
+
+class EachLevel : public testing::TestWithParam<int>
+{};
+INSTANTIATE_TEST_SUITE_P(TallyRules, EachLevel, testing::Range(1, TallyRules::Levels + 1));
+
+TEST_P(EachLevel, EveryTaskHasOneRightAnswerThatFitsTheField)
+{
+    int tasks = 0;
+    for (std::uint32_t seed = 0; tasks < 100000; ++seed) {
+        TallyRules rules(GetParam(), seed);
+        while (!rules.Over()) {
+            const TallyTask task = rules.Task();
+            ASSERT_EQ(WorkedOut(task.Text), task.Result) << qPrintable(task.Text);
+            ASSERT_GE(task.Result, 0) << qPrintable(task.Text);
+            ASSERT_LE(QString::number(task.Result).size(), TallyRules::LongestAnswer) << qPrintable(task.Text);
+            ASSERT_GE(task.Steps, 1);
+            rules.Answer(task.Result);
+            // an answer sent twice by mistake must not be right twice
+            if (!rules.Over()) {
+                ASSERT_NE(rules.Task().Result, task.Result);
+            }
+            ++tasks;
+        }
+    }
+}
+
+TEST_P(EachLevel, OneSeedGivesOneSet)
+{
+    TallyRules one(GetParam(), 7);
+    TallyRules other(GetParam(), 7);
+    TallyRules third(GetParam(), 8);
+    bool differs = false;
+    while (!one.Over()) {
+        EXPECT_EQ(one.Task().Text, other.Task().Text);
+        differs = differs || one.Task().Text != third.Task().Text;
+        one.Answer(0);
+        other.Answer(0);
+        third.Answer(0);
+    }
+    EXPECT_TRUE(differs);
+}
+
+TEST_P(EachLevel, ParMakesAHundredPointsAndTheSetMore)
+{
+    TallyRules rules(GetParam(), 1);
+    while (rules.Right() < TallyRules::Par(GetParam())) EXPECT_TRUE(rules.Answer(rules.Task().Result));
+    EXPECT_EQ(rules.Points(), 100);
+    while (!rules.Over()) rules.Answer(rules.Task().Result);
+    EXPECT_GE(rules.Points(), 120);
+    EXPECT_EQ(rules.Progress(), 100);
+}
+
+TEST_P(EachLevel, IsBalanced)
+{
+    const double good = Median(Good, GetParam());
+    const double expert = Median(Expert, GetParam());
+    const double learner = Median(Learner, GetParam());
+    RecordProperty("good", static_cast<int>(good));
+    std::printf("level %2d: learner %3.0f, good %3.0f, expert %3.0f\n", GetParam(), learner, good, expert);
+    EXPECT_GE(good, 90);
+    EXPECT_LE(good, 115);
+    EXPECT_GE(expert, 120);
+    EXPECT_LT(learner, good);
+    EXPECT_GE(learner, 35);
+}
+
+TEST_P(EachLevel, GuessingEarnsAlmostNothing)
+{
+    for (std::uint32_t seed = 0; seed < 50; ++seed) {
+        TallyRules rules(GetParam(), seed);
+        SeededRandom guess(seed + 100);
+        double time = 0;
+        while (!rules.Over() && time < Limit) {
+            const bool right = rules.Answer(guess.Between(0, GetParam() < 3 ? 18 : 99));
+            time += 0.5 + (right ? 0 : MistakeTime);
+        }
+        EXPECT_LE(rules.Points(), 35);
+    }
+}
+
+TEST(TallyRules, LevelsBeyondTheEndsPlayAsTheNearest)
+{
+    EXPECT_EQ(TallyRules(0, 1).Level(), 1);
+    EXPECT_EQ(TallyRules(-2147483647, 1).Level(), 1);
+    EXPECT_EQ(TallyRules(11, 1).Level(), 10);
+}
+
+TEST(TallyRules, AWrongAnswerIsDoneAndEarnsNothing)
+{
+    TallyRules rules(1, 3);
+    EXPECT_FALSE(rules.Answer(rules.Task().Result + 1));
+    EXPECT_EQ(rules.Done(), 1);
+    EXPECT_EQ(rules.Points(), 0);
+}
+
+TEST(TallyRules, AnAnswerAfterTheEndDoesNothing)
+{
+    TallyRules rules(1, 3);
+    while (!rules.Over()) rules.Answer(rules.Task().Result);
+    const int points = rules.Points();
+    EXPECT_FALSE(rules.Answer(rules.Task().Result));
+    EXPECT_EQ(rules.Points(), points);
+}
+
+TEST(TallyRules, TheFirstLevelHasSumsOfSingleDigitsOnly)
+{
+    for (std::uint32_t seed = 0; seed < 200; ++seed) {
+        const QString text = TallyRules(1, seed).Task().Text;
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^[1-9] \\+ [1-9]$")).match(text).hasMatch())
+            << qPrintable(text);
+    }
+}
+
+TEST(SeededRandom, ReachesBothEndsAndNothingBeyond)
+{
+    SeededRandom random(5);
+    std::set<int> seen;
+    for (int i = 0; i < 1000; ++i) seen.insert(random.Between(-2, 2));
+    EXPECT_EQ(seen, (std::set<int>{-2, -1, 0, 1, 2}));
+    EXPECT_EQ(random.Between(4, 4), 4);
+    EXPECT_GE(random.Between(-2147483647, 2147483647), -2147483647);
+}
+
+TEST(SeededRandom, AShuffleKeepsEveryMember)
+{
+    SeededRandom random(5);
+    std::vector<int> list{1, 2, 3, 4, 5, 6, 7, 8};
+    const std::vector<int> before = list;
+    random.Shuffle(list);
+    EXPECT_NE(list, before);
+    std::sort(list.begin(), list.end());
+    EXPECT_EQ(list, before);
+}

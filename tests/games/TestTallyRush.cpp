@@ -1,0 +1,288 @@
+#include "tests/games/stage/Stage.h"
+
+#include "platform/Files.h"
+#include "shell/program/modMain.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTimer>
+
+namespace
+{
+constexpr int Enter = 13;
+constexpr int Backspace = 8;
+constexpr int Delete = 46;
+
+const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "tally-rush/");
+
+/// The game, played by what a screen reader would tell of it.
+class TallyRush : public testing::Test
+{
+protected:
+    Stage Table{QStringLiteral("TallyRush.GameArea"), Folder};
+
+    QString Told() const { return Table.Game->Control()->accessibleName(); }
+    QString Task() const { return Told().section(QStringLiteral(" = "), 0, 0); }
+    QString Typed() const { return Told().section(QStringLiteral(" = "), 1); }
+    /// Works the task out by itself: products and quotients first, then from left to right.
+    int Result() const
+    {
+        const QStringList words = Task().split(u' ');
+        int sum = 0;
+        int sign = 1;
+        int product = words.at(0).toInt();
+        for (qsizetype i = 1; i + 1 < words.size(); i += 2) {
+            const int number = words.at(i + 1).toInt();
+            const QString sum_or_product = words.at(i);
+            if (sum_or_product == u"\u00d7") {
+                product *= number;
+            } else if (sum_or_product == u"\u00f7") {
+                product /= number;
+            } else {
+                sum += sign * product;
+                sign = sum_or_product == u"+" ? 1 : -1;
+                product = number;
+            }
+        }
+        return sum + sign * product;
+    }
+    int Tasks(const QString &sound) const { return Table.Framework->Count(QStringLiteral("playsound ") + sound); }
+    void WaitForMistake() { Stage::Turn(1600); }
+    /// A place of the number pad, as parts of the whole at its design size.
+    QPoint PadKey(int column, int row) const
+    {
+        const QSize size = Table.Game->Control()->size();
+        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
+        const QPointF origin((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2);
+        return (origin + QPointF(380 + 37 + column * 76, 58 + 37 + row * 77) * scale).toPoint();
+    }
+    QPoint PadDigit(int digit) const
+    {
+        return digit == 0 ? PadKey(1, 3) : PadKey((digit - 1) % 3, 2 - (digit - 1) / 3);
+    }
+};
+} // namespace
+
+TEST_F(TallyRush, ARightAnswerCountsAndTheNextTaskIsThereAtOnce)
+{
+    Table.Start(1);
+    const QString first = Task();
+    Table.Type(Result());
+    EXPECT_NE(Task(), first);
+    EXPECT_EQ(Tasks(QStringLiteral("right")), 1);
+    EXPECT_EQ(Table.Score(), 4);
+    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 3);
+}
+
+TEST_F(TallyRush, AWrongAnswerEarnsNothingAndShowsTheRightOneForAWhile)
+{
+    Table.Start(1);
+    Table.Type(Result() + 1);
+    EXPECT_EQ(Tasks(QStringLiteral("wrong")), 1);
+    EXPECT_EQ(Table.Score(), 0);
+    Table.Key(u'5');
+    EXPECT_EQ(Typed(), QString()) << "no digit counts while the mistake is shown";
+    WaitForMistake();
+    Table.Type(Result());
+    EXPECT_EQ(Tasks(QStringLiteral("right")), 1);
+}
+
+TEST_F(TallyRush, AMistakeStaysInViewOverAPause)
+{
+    Table.Start(1);
+    Table.Type(Result() + 1);
+    Table.Game->SetVisible(false);
+    WaitForMistake();
+    Table.Game->SetVisible(true);
+    Table.Key(u'5');
+    EXPECT_EQ(Typed(), QString());
+    WaitForMistake();
+    Table.Key(u'5');
+    EXPECT_EQ(Typed(), QStringLiteral("5"));
+}
+
+TEST_F(TallyRush, TypingCanBeTakenBack)
+{
+    Table.Start(1);
+    for (const int key : {0x31, 0x32, 0x33}) Table.Key(key);
+    EXPECT_EQ(Typed(), QStringLiteral("123"));
+    Table.Key(Backspace);
+    EXPECT_EQ(Typed(), QStringLiteral("12"));
+    Table.Key(Delete);
+    EXPECT_EQ(Typed(), QString());
+    Table.Key(Backspace);
+    Table.Key(Enter);
+    EXPECT_EQ(Tasks(QString()), 0) << "an empty answer is no answer";
+}
+
+TEST_F(TallyRush, TheNumberBlockTypesToo)
+{
+    Table.Start(1);
+    Table.Key(96 + 4);
+    Table.Key(96);
+    EXPECT_EQ(Typed(), QStringLiteral("40"));
+}
+
+TEST_F(TallyRush, ADigitNeverGrowsBeyondTheFieldAndZeroDoesNotLead)
+{
+    Table.Start(1);
+    for (const int key : {0x30, 0x30, 0x37, 0x37, 0x37, 0x37, 0x37}) Table.Key(key);
+    EXPECT_EQ(Typed(), QStringLiteral("7777"));
+}
+
+TEST_F(TallyRush, AKeyPressedWithTheFocusCountsOnceOnly)
+{
+    Table.Start(1);
+    QTest::keyClick(Table.Game->Control(), Qt::Key_5); // goes up to the window, which sends the verb
+    EXPECT_EQ(Typed(), QString());
+    Table.Key(u'5');
+    EXPECT_EQ(Typed(), QStringLiteral("5"));
+}
+
+TEST_F(TallyRush, KeysAreNotTakenWhilePaused)
+{
+    Table.Start(1);
+    Table.Game->SetVisible(false);
+    Table.Key(u'5');
+    EXPECT_EQ(Typed(), QString());
+}
+
+TEST_F(TallyRush, CanBePlayedWithTheMouseAloneAtEverySize)
+{
+    for (const QSize size : {QSize(620, 420), QSize(400, 300), QSize(900, 420), QSize(1600, 1000)}) {
+        Table.Resize(size);
+        Table.Start(3);
+        for (int task = 1; task <= 3; ++task) {
+            for (const QChar digit : QString::number(Result())) Table.Click(PadDigit(digit.digitValue()));
+            Table.Click(PadKey(2, 3));
+            EXPECT_EQ(Table.Score(), 5 * task) << size.width();
+        }
+        Table.Click(PadDigit(7));
+        Table.Click(PadKey(0, 3));
+        EXPECT_EQ(Typed(), QString());
+    }
+}
+
+TEST_F(TallyRush, OnlyTheLeftButtonPresses)
+{
+    Table.Start(1);
+    QTest::mouseClick(Table.Game->Control(), Qt::RightButton, {}, PadDigit(5));
+    EXPECT_EQ(Typed(), QString());
+}
+
+TEST_F(TallyRush, FastClicksOnOneKeyAllCount)
+{
+    Table.Start(1);
+    Table.Click(PadDigit(5));
+    QTest::mouseDClick(Table.Game->Control(), Qt::LeftButton, {}, PadDigit(5));
+    EXPECT_EQ(Typed(), QStringLiteral("55")); // the second press of a double click comes as one event of its own
+}
+
+TEST_F(TallyRush, AWholeSetEndsTheSessionAtOnceAndOnce)
+{
+    Table.Framework->GameOver = [this] { // what the shell does, with the points asked for inside
+        EXPECT_EQ(Table.Score(), 128);
+        Table.Game->Message(QStringLiteral("unload"));
+        Table.Game->Unload();
+    };
+    Table.Start(1);
+    for (int task = 0; task < 32; ++task) {
+        EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+        Table.Type(Result());
+    }
+    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100);
+    EXPECT_EQ(Tasks(QStringLiteral("done")), 1);
+    Stage::Turn(20);
+}
+
+TEST_F(TallyRush, AfterTimeUpNothingCountsAndThePointsStand)
+{
+    Table.Start(1);
+    Table.Type(Result());
+    Table.Game->Message(QStringLiteral("timeup"));
+    EXPECT_EQ(Table.Score(), 4);
+    Table.Type(Result());
+    Table.Click(PadDigit(5));
+    EXPECT_EQ(Table.Score(), 4);
+    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+}
+
+TEST_F(TallyRush, BeforeStartNothingHappens)
+{
+    Table.Key(u'5');
+    Table.Key(Enter);
+    Table.Click(PadDigit(5));
+    EXPECT_FALSE(Table.Picture().isNull());
+    EXPECT_EQ(Table.Score(), 0);
+    Table.Game->Message(QStringLiteral("timeup"));
+    EXPECT_FALSE(Table.Picture().isNull());
+}
+
+TEST_F(TallyRush, StandsStillWhileNothingMoves)
+{
+    Table.Start(1);
+    Table.Type(Result());
+    Stage::Turn(700);
+    const auto timers = Table.Game->Control()->findChildren<QTimer *>();
+    EXPECT_FALSE(timers.isEmpty());
+    for (const QTimer *timer : timers) EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(TallyRush, EveryWordOfItsOwnIsThereInBothLanguages)
+{
+    for (const char *name : {"Name", "Hint", "Points", "Level", "TimeUp", "Right"}) {
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
+    }
+}
+
+TEST_F(TallyRush, ItsFolderIsComplete)
+{
+    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "tally-rush.so", "sounds/right.wav",
+                             "sounds/wrong.wav", "sounds/done.wav"})
+        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
+    EXPECT_EQ(Table.Framework->GetSetting(QStringLiteral("config"), QStringLiteral("component")),
+              QStringLiteral("TallyRush"));
+}
+
+TEST_F(TallyRush, PicturesDifferBetweenRightWrongAndTimeUp)
+{
+    struct Row
+    {
+        const char *name;
+        QSize size;
+        int level;
+        bool dark;
+    };
+    for (const Row &row : {Row{"small", {380, 290}, 1, false}, Row{"designed", {632, 440}, 5, false},
+                           Row{"dark", {632, 440}, 10, true}, Row{"large", {1600, 1000}, 8, false},
+                           Row{"wide", {1000, 420}, 3, true}}) {
+        const QString name = QStringLiteral("tally-") + QLatin1String(row.name);
+        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
+        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
+        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Resize(row.size);
+        Table.Start(row.level);
+        const QImage fresh = Table.Picture();
+        Table.Keep(name + QStringLiteral("-1-first"));
+        Table.Type(Result());
+        Stage::Turn(60);
+        for (int task = 0; task < 3; ++task) Table.Type(Result());
+        Table.Type(Result() + 1);
+        Stage::Turn(300);
+        const QImage mistake = Table.Picture();
+        Table.Keep(name + QStringLiteral("-2-mistake"));
+        WaitForMistake();
+        Table.Type(Result());
+        Table.Key(u'4');
+        Table.Key(u'2');
+        Stage::Turn(120);
+        Table.Keep(name + QStringLiteral("-3-typing"));
+        Table.Game->Message(QStringLiteral("timeup"));
+        EXPECT_NE(fresh, mistake);
+        EXPECT_NE(mistake, Table.Picture());
+        Table.Keep(name + QStringLiteral("-4-timeup"));
+    }
+}

@@ -1,0 +1,36 @@
+// A real game, loaded from its folder into a window of its own, and played as a person would.
+#pragma once
+
+#include "shell/GameHost.h"
+#include "tests/games/stage/PlayedFramework.h"
+
+#include <QImage>
+#include <QWidget>
+
+class Stage
+{
+public:
+    /// Loads and shows the game; Message("start") is left to the test. A Folder ends in a separator.
+    Stage(const QString &ClassName, const QString &Folder, QSize Size = {632, 440});
+    ~Stage();
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+
+    void Start(std::int32_t Level) { Game->Message(QStringLiteral("start"), Level); }
+    void Key(int Code) { Game->Message(QStringLiteral("keypress"), QVariant::fromValue(static_cast<short>(Code))); }
+    /// The digits of a number and Enter.
+    void Type(int Number);
+    int Score() { return Game->Message(QStringLiteral("score")).toInt(); }
+    /// A left click on a child of the game with that accessible name, or at a place of the game.
+    void Click(QPoint Place);
+    void Resize(QSize Size);
+    QImage Picture();
+    /// Writes the picture where NOGGLE_PICTURES points; nothing without it.
+    void Keep(const QString &Name);
+    /// Lets the event loop run, as the program's own does.
+    static void Turn(int Milliseconds);
+
+    QWidget Container;
+    std::shared_ptr<PlayedFramework> Framework;
+    std::shared_ptr<HostedGame> Game;
+};
