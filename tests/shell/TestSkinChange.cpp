@@ -1,0 +1,299 @@
+// The main window takes a skin: outline, layout, background, and what a running game sees of it.
+#include "tests/shell/support/FaceTest.h"
+
+#include "platform/Colour.h"
+#include "platform/RuntimeError.h"
+
+#include "services/modWheel.h"
+
+#include "shell/program/modMain.h"
+
+#include "sdk/controls/TransLabel.h"
+#include "sdk/controls/cTransPictureBox.h"
+
+#include "skin/CSkin.h"
+#include "skin/Region.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <unistd.h>
+
+namespace
+{
+constexpr QRgb Blue = 0xff2040c0;
+constexpr QRgb Green = 0xff20a040;
+const QRect GameArea(100, 80, 500, 360);
+const QSize Large(760, 560);
+
+QPoint Centred(const QSize &Size)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    return {screen.x() + (screen.width() - Size.width()) / 2, screen.y() + (screen.height() - Size.height()) / 2};
+}
+
+double ResidentMegabytes()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    return file.readAll().split(' ').at(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024 * 1024);
+}
+
+class SkinChange : public FaceTest
+{
+protected:
+    void GivenColour(const QString &name, QRgb colour, const QSize &size = Large)
+    {
+        GivenSkin(name, {{QStringLiteral("Frame.gif"), PlainFrame(size, colour)},
+                         {QStringLiteral("Skin.ini"), Positions(GameArea)}});
+    }
+    QRegion Outline() const { return Window().mask(); }
+};
+
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    UrlCatcher() { QDesktopServices::setUrlHandler(QStringLiteral("http"), this, "Open"); }
+    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(QStringLiteral("http")); }
+    Q_INVOKABLE void Open(const QUrl &Url) { Opened << Url.toString(); }
+    QStringList Opened;
+};
+} // namespace
+
+TEST_F(SkinChange, MovesTheWindowBackToTheMiddleOfTheWholeScreen)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenColour(QStringLiteral("Green"), Green, {640, 480});
+    StartWith(QStringLiteral("Blue"));
+    EXPECT_EQ(Window().size(), Large);
+    EXPECT_EQ(Window().pos(), Centred(Large));
+    Window().move(3, 4);
+    ChangeTo(QStringLiteral("Green"));
+    EXPECT_EQ(Window().size(), QSize(640, 480));
+    EXPECT_EQ(Window().pos(), Centred({640, 480}));
+    ChangeTo(QStringLiteral("Blue"));
+    EXPECT_EQ(Window().size(), Large) << "a larger skin after a smaller one";
+    EXPECT_EQ(Outline().boundingRect(), QRect(QPoint(0, 0), Large).adjusted(10, 10, -10, -10));
+}
+
+TEST_F(SkinChange, WhileAGameRunsTellsItOnceAfterThePlaceAndTheBackgroundAreNew)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenColour(QStringLiteral("Green"), Green, {700, 500});
+    StartWith(QStringLiteral("Blue"));
+    StartGame();
+    Window().move(0, 0);
+    ChangeTo(QStringLiteral("Green"));
+    ASSERT_EQ(SkinChanges.size(), 1U);
+    EXPECT_EQ(SkinChanges[0].WindowAt, Centred({700, 500}));
+    EXPECT_EQ(SkinChanges[0].Background.pixel(5, 5), Green);
+    EXPECT_EQ(SkinChanges[0].Background.pixel(400, 200), Green);
+    EXPECT_EQ(Window().Mode(), 4) << "the game runs on";
+    EXPECT_TRUE(GameControl->isVisible());
+}
+
+TEST_F(SkinChange, WithoutAGameTellsNobody)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    StartWith(QStringLiteral("Blue"));
+    ChangeTo(QStringLiteral("Blue"));
+    EXPECT_TRUE(SkinChanges.empty());
+}
+
+TEST_F(SkinChange, GivesTheGameAreaThePieceOfTheFrameThatLiesUnderIt)
+{
+    StartWith(QStringLiteral("Plain"));
+    const CSkin &skin = *modMain::CurrentSkin;
+    const QRect place(skin.GameAreaLeft, skin.GameAreaTop, skin.GameAreaWidth, skin.GameAreaHeight);
+    EXPECT_EQ(Window().GameBackground().convertToFormat(QImage::Format_RGB32), Frame().copy(place));
+}
+
+TEST_F(SkinChange, WithAWhiteBackgroundGivesGamesPlainWhite)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    StartWith(QStringLiteral("Blue"));
+    StartGame();
+    modMain::WhiteBackground = true;
+    ChangeTo(QStringLiteral("Blue"));
+    ASSERT_EQ(SkinChanges.size(), 1U);
+    QImage white = SkinChanges[0].Background;
+    white.fill(Qt::white);
+    EXPECT_EQ(SkinChanges[0].Background, white);
+
+    modMain::WhiteBackground = false;
+    ChangeTo(QStringLiteral("Blue"));
+    EXPECT_EQ(SkinChanges[1].Background.pixel(5, 5), Blue) << "turned off again, the frame is back";
+}
+
+TEST_F(SkinChange, AGameAreaBeyondTheFrameKeepsNothingOfTheFormerSkin)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenSkin(QStringLiteral("Narrow"), {{QStringLiteral("Frame.gif"), Gif({300, 300}, Green)},
+                                         {QStringLiteral("Skin.ini"), Positions(GameArea)}});
+    StartWith(QStringLiteral("Blue"));
+    ChangeTo(QStringLiteral("Narrow"));
+    EXPECT_EQ(Window().GameBackground().pixel(10, 10), Green);
+    EXPECT_EQ(Window().GameBackground().pixel(450, 10), qRgb(255, 255, 255));
+}
+
+TEST_F(SkinChange, AFrameBelowTheMinimumLeavesTheWindowItsMinimumAndTheOutlineTheFrames)
+{
+    GivenColour(QStringLiteral("Small"), Blue, {400, 300});
+    StartWith(QStringLiteral("Small"));
+    EXPECT_EQ(Window().size(), QSize(620, 460));
+    EXPECT_EQ(Window().pos(), Centred({620, 460}));
+    EXPECT_EQ(Outline(), QRegion(10, 10, 380, 280));
+    EXPECT_EQ(qAlpha(Shown().pixel(500, 400)), 0);
+}
+
+TEST_F(SkinChange, TheWindowCantBeMadeSmallerThan620x460)
+{
+    StartWith(QStringLiteral("Plain"));
+    Window().resize(100, 100);
+    EXPECT_EQ(Window().size(), QSize(620, 460));
+    Window().resize(621, 461);
+    EXPECT_EQ(Window().size(), QSize(621, 461)) << "a minimum, not a size";
+}
+
+TEST_F(SkinChange, AnOutlineTooFineForAWindowIsRefusedInWordsAndTheOldOneStays)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenSkin(QStringLiteral("Dithered"),
+              {{QStringLiteral("Frame.gif"),
+                Gif({600, 400}, {0xffff00ff, Green}, [](int x, int y) { return (x + y + 1) % 2; })}});
+    StartWith(QStringLiteral("Blue"));
+    const QRegion outline = Outline();
+    const QImage shown = Shown();
+    try {
+        ChangeTo(QStringLiteral("Dithered"));
+        FAIL() << "taken";
+    } catch (const RuntimeError &failure) {
+        EXPECT_TRUE(failure.Description().contains(QString::number(Region::MostRectangles)))
+            << qPrintable(failure.Description());
+    }
+    EXPECT_EQ(Outline(), outline);
+    EXPECT_EQ(Window().size(), Large);
+    EXPECT_EQ(Shown(), shown);
+    ChangeTo(QStringLiteral("Blue"));
+    EXPECT_EQ(Outline(), outline) << "and the program goes on";
+}
+
+TEST_F(SkinChange, AFrameOfTheKeyColourAloneShowsNothingRatherThanARectangle)
+{
+    GivenSkin(QStringLiteral("Nothing"), {{QStringLiteral("Frame.gif"), Gif({700, 500}, Green)}});
+    StartWith(QStringLiteral("Nothing"));
+    EXPECT_FALSE(Outline().isEmpty()) << "an empty mask would be none";
+    EXPECT_FALSE(Outline().intersects(Window().rect()));
+    QImage clear = Shown();
+    clear.fill(Qt::transparent);
+    EXPECT_EQ(Shown(), clear);
+}
+
+TEST_F(SkinChange, ASkinWithoutAFrameIsRefusedEachTimeAndTheWindowStays)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenSkin(QStringLiteral("Frameless"), {{QStringLiteral("Frame.gif"), {}}});
+    StartWith(QStringLiteral("Blue"));
+    const QImage shown = Shown();
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_THROW(ChangeTo(QStringLiteral("Frameless")), RuntimeError);
+        EXPECT_EQ(Shown(), shown);
+    }
+}
+
+TEST_F(SkinChange, PlacesEverythingWhereTheSkinSays)
+{
+    GivenSkin(QStringLiteral("Laid"),
+              {{QStringLiteral("Skin.ini"), Positions(GameArea) + "LogoLeft=31\r\nLogoTop=32\r\nMenuLeft=33\r\n"
+                                                                  "MenuTop=34\r\nMinimizeLeft=35\r\nMinimizeTop=36"
+                                                                  "\r\n[colours]\r\nDialogText=66051\r\n"}});
+    StartWith(QStringLiteral("Laid"));
+    const auto place = [&](const char *name) { return Program.Find(name)->geometry(); };
+    const int W = GameArea.width(), H = GameArea.height(), N = place("PlayerName1").height();
+    ASSERT_GT(N, 0);
+    EXPECT_EQ(place("ctlButtonPanel1").topLeft(), QPoint(33, 34));
+    EXPECT_EQ(place("picLogo").topLeft(), QPoint(31, 32));
+    EXPECT_EQ(Text(place("picPrint")), Text(GameArea));
+    EXPECT_EQ(Text(place("PlayerName1")), Text({0, 0, W, N}));
+    for (const char *name : {"ctlUserInfo1", "ctlGameList1", "ctlWorkOut1"})
+        EXPECT_EQ(Text(place(name)), Text({0, N, W, H - N})) << name;
+    for (const char *name : {"ctlGameInstructions1", "ctlPlayerlist1"})
+        EXPECT_EQ(Text(place(name)), Text({0, 0, W, H})) << name;
+    const int strip = place("ctlGamePlaySummary1").height();
+    EXPECT_EQ(Text(place("ctlGamePlaySummary1")), Text({0, H - strip, W, strip}));
+    EXPECT_EQ(place("picMinimize").topLeft(), QPoint(35, 36));
+    EXPECT_EQ(place("picClose").topLeft(), QPoint(35 + place("picMinimize").width(), 36));
+    EXPECT_EQ(Program.Find<cTransPictureBox>("lblTime")->ForeColour(), QColor(3, 2, 1)) << "red is the lowest byte";
+
+    StartGame();
+    const int gameHeight = H - strip - 3;
+    EXPECT_EQ(Text(GameControl->geometry()), Text({0, 0, W, gameHeight}));
+    const QSize pause = place("picPause").size();
+    EXPECT_EQ(place("picPause").topLeft(), QPoint((W - pause.width()) / 2, (gameHeight - pause.height()) / 2));
+}
+
+TEST_F(SkinChange, LayoutTakesTheCurrentSkinAndTheFrameThatOfTheArgument)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenSkin(QStringLiteral("Green"), {{QStringLiteral("Frame.gif"), PlainFrame({700, 500}, Green)},
+                                        {QStringLiteral("Skin.ini"), Positions({1, 2, 300, 200})}});
+    StartWith(QStringLiteral("Blue"));
+    const auto blue = modMain::CurrentSkin;
+    ChangeTo(QStringLiteral("Green"));
+    Window().SetSkin(blue);
+    EXPECT_EQ(Window().size(), Large);
+    EXPECT_EQ(Text(Program.Find("picPrint")->geometry()), Text({1, 2, 300, 200}));
+}
+
+TEST_F(SkinChange, TheWheelIsHookedOnlyWhileTheWindowIsActive)
+{
+    StartWith(QStringLiteral("Plain"));
+    ASSERT_TRUE(RunningProgram::Until([&] { return Window().isActiveWindow(); }));
+    EXPECT_EQ(modWheel::HookedForm(), &Window());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(RunningProgram::Until([&] { return !Window().isActiveWindow(); }));
+    EXPECT_EQ(modWheel::HookedForm(), nullptr);
+    Window().activateWindow();
+    ASSERT_TRUE(RunningProgram::Until([&] { return Window().isActiveWindow(); }));
+    EXPECT_EQ(modWheel::HookedForm(), &Window());
+}
+
+TEST_F(SkinChange, AClickOnTheLogoOpensItsAddressWithTheDesktop)
+{
+    UrlCatcher catcher;
+    StartWith(QStringLiteral("Plain"));
+    Program.Click("picLogo");
+    ASSERT_EQ(catcher.Opened.size(), 1);
+    EXPECT_TRUE(catcher.Opened[0].startsWith(u"http://")) << qPrintable(catcher.Opened[0]);
+}
+
+TEST_F(SkinChange, AThousandTimesDoesNotGrowTheProgram)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "freed memory is kept back by the sanitizer";
+#endif
+    GivenColour(QStringLiteral("Blue"), Blue);
+    GivenColour(QStringLiteral("Green"), Green);
+    StartWith(QStringLiteral("Blue"));
+    const auto change = [&](int times) {
+        for (int time = 0; time < times; ++time) {
+            ChangeTo(time % 2 == 0 ? QStringLiteral("Green") : QStringLiteral("Blue"));
+            RunningProgram::Turn(0); // what was given up goes when the loop is reached again
+        }
+    };
+    change(100); // caches are full and the heap has its size
+    const double before = ResidentMegabytes();
+    change(1000);
+    const double grown = ResidentMegabytes() - before;
+    RecordProperty("grown_kilobytes", static_cast<int>(grown * 1024));
+    EXPECT_LT(grown, 4) << "[MB] one picture of the frame has 1.6";
+}
+
+#include "TestSkinChange.moc"
