@@ -1,0 +1,175 @@
+// The main window's face: the outline of a large frame beside one pass over its pixels, and what a person waits for:
+// a change of skin, a refilled menu, the layout. Times are in milliseconds, the best turn of each counts.
+#include "shell/GuardedApplication.h"
+#include "shell/program/modMain.h"
+#include "skin/CSkin.h"
+#include "skin/FrameFace.h"
+#include "skin/Region.h"
+#include "skin/ScreenSize.h"
+#include "skin/colSkin.h"
+#include "tests/shell/support/RunningProgram.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QElapsedTimer>
+#include <QImage>
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <memory>
+
+namespace
+{
+constexpr QSize LargeFrame(3840, 2160);
+constexpr QRgb Key = 0xffff00ff;
+
+double Milliseconds(const std::function<void()> &work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+// Takes turns with the floor, so that both see the same machine.
+void Race(benchmark::State &state, const std::function<void()> &ours, const std::function<void()> &floor)
+{
+    double best = std::numeric_limits<double>::max(), bestFloor = best;
+    for ([[maybe_unused]] auto turn : state) {
+        bestFloor = std::min(bestFloor, Milliseconds(floor));
+        const double taken = Milliseconds(ours);
+        best = std::min(best, taken);
+        state.SetIterationTime(taken / 1000);
+    }
+    state.counters["best"] = best;
+    state.counters["floor"] = bestFloor;
+    state.counters["ratio"] = best / bestFloor;
+}
+
+void Best(benchmark::State &state, const std::function<void()> &work)
+{
+    double best = std::numeric_limits<double>::max();
+    for ([[maybe_unused]] auto turn : state) {
+        const double taken = Milliseconds(work);
+        best = std::min(best, taken);
+        state.SetIterationTime(taken / 1000);
+    }
+    state.counters["best"] = best;
+}
+
+// A window with round corners and a bay at its foot, of many colours.
+QImage Frame(const QSize &size)
+{
+    QImage frame(size, QImage::Format_RGB32);
+    const double radius = size.height() / 5.0;
+    const auto isOutside = [&](int x, int y) {
+        const double across = std::max({radius - x, x - (size.width() - radius), 0.0});
+        const double down = std::max({radius - y, y - (size.height() - radius), 0.0});
+        const double bayX = x - size.width() / 2.0, bayY = y - size.height();
+        return across * across + down * down > radius * radius || bayX * bayX + bayY * bayY < radius * radius;
+    };
+    for (int y = 0; y < size.height(); ++y) {
+        QRgb *pixel = reinterpret_cast<QRgb *>(frame.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            pixel[x] = isOutside(x, y) ? Key : qRgb(x & 255, (x + y) & 255, y & 255);
+    }
+    return frame;
+}
+
+int PixelsOfKey(const QImage &picture)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        const QRgb *pixel = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) count += pixel[x] == Key ? 1 : 0;
+    }
+    return count;
+}
+
+void OutlineOfALargeFrame(benchmark::State &state)
+{
+    const QImage frame = Frame(LargeFrame);
+    Region region;
+    Race(
+        state,
+        [&] {
+            std::int32_t key = Region::UseCorner;
+            region.ScanPicture(frame, key);
+            benchmark::DoNotOptimize(region.Rgn().rectCount());
+        },
+        [&] { benchmark::DoNotOptimize(PixelsOfKey(frame)); });
+    state.counters["rects"] = region.Rgn().rectCount();
+}
+
+void FaceOfALargeFrame(benchmark::State &state)
+{
+    const QImage frame = Frame(LargeFrame / 2);
+    Region region;
+    std::int32_t key = Region::UseCorner;
+    region.ScanPicture(frame, key);
+    Best(state, [&] { benchmark::DoNotOptimize(FaceOf(region, frame, {}, 2)); });
+}
+
+// The whole program with both skins as they are delivered.
+std::unique_ptr<RunningProgram> program; // ends before the application does
+
+RunningProgram &Program()
+{
+    if (program) return *program;
+    SetScreenSize({1600, 1200});
+    program = std::make_unique<RunningProgram>();
+    program->GivenDelivered(QStringLiteral("skins/Meadow"));
+    program->GivenDelivered(QStringLiteral("skins/Night"));
+    if (!program->Start()) qFatal("the program does not start");
+    program->NewPlayer(QStringLiteral("Ann"));
+    return *program;
+}
+
+void SkinChange(benchmark::State &state)
+{
+    RunningProgram &program = Program();
+    bool toNight = false;
+    Best(state, [&] {
+        toNight = !toNight;
+        modMain::CurrentSkin = modMain::Skins->Item(toNight ? QStringLiteral("Night") : QStringLiteral("Meadow"));
+        program.Window().SetSkin(modMain::CurrentSkin);
+    });
+    RunningProgram::Turn(0);
+}
+
+void PanelRefill(benchmark::State &state)
+{
+    RunningProgram &program = Program();
+    Best(state, [&] { program.Window().MakePanel(); });
+    RunningProgram::Turn(0);
+}
+
+void Layout(benchmark::State &state)
+{
+    RunningProgram &program = Program();
+    const QSize size = program.Window().size();
+    int wider = 0;
+    Best(state, [&] {
+        wider = 1 - wider;
+        program.Window().resize(size + QSize(wider, 0));
+    });
+}
+
+BENCHMARK(OutlineOfALargeFrame)->UseManualTime()->Iterations(40)->Unit(benchmark::kMillisecond);
+BENCHMARK(FaceOfALargeFrame)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+BENCHMARK(SkinChange)->UseManualTime()->Iterations(60)->Unit(benchmark::kMillisecond);
+BENCHMARK(PanelRefill)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisecond);
+BENCHMARK(Layout)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisecond);
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("ALSOFT_DRIVERS", "null");
+    GuardedApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    program.reset();
+    return 0;
+}
