@@ -19,6 +19,7 @@ constexpr QRectF Foot{20, 374, 580, 34};
 
 constexpr int LeadIn = 800;     // [ms] before the first lantern
 constexpr int Pace = 750;       // [ms] from one lantern to the next
+constexpr int Late = 150;       // [ms] after which the machine stood still
 constexpr int LitTime = 520;    // [ms]
 constexpr int PressTime = 350;  // [ms]
 constexpr int RightTime = 900;  // [ms] for which the end of a round is told
@@ -60,6 +61,13 @@ void LanternArea::Begin(Part part)
     update();
 }
 
+// Sets the time of watching back to the moment at which the next lantern is due.
+void LanternArea::Restart(int shown)
+{
+    m_Since = Now() - LeadIn - shown * Pace;
+    Animate((static_cast<int>(m_Rules->Sequence().size()) - shown) * Pace);
+}
+
 void LanternArea::Light(int lantern)
 {
     m_Lit = lantern;
@@ -79,10 +87,11 @@ void LanternArea::Ticked()
         const int count = static_cast<int>(m_Rules->Sequence().size());
         const int due = passed < LeadIn ? 0 : std::min(count, 1 + static_cast<int>((passed - LeadIn) / Pace));
         if (due > m_Shown) {
-            m_Shown = due;
-            Light(m_Rules->Sequence()[static_cast<std::size_t>(due - 1)]);
+            if (passed - LeadIn - m_Shown * Pace > Late) Restart(m_Shown); // no lantern is swallowed or hurried
+            Light(m_Rules->Sequence()[static_cast<std::size_t>(m_Shown++)]);
+        } else if (passed >= LeadIn + count * Pace) {
+            Begin(Part::Play);
         }
-        if (passed >= LeadIn + count * Pace) Begin(Part::Play);
     } else if (m_Part == Part::Told && passed >= (m_Marks.back() ? RightTime : WrongTime)) {
         m_Rules->Next();
         Begin(Part::Watch);

@@ -30,6 +30,7 @@ private:
     void Begin(Part part);
     void Choose(int lantern);
     void MoveRing(int columns, int rows);
+    void Restart(int shown);
     void Light(int lantern);
     QString Line() const;
     QRectF PlaceOf(int lantern) const;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QThread>
 #include <QTimer>
 
 namespace
@@ -25,14 +26,17 @@ protected:
     {
         QList<QPoint> lit;
         QString last;
-        const QString watching = Word("Watch");
-        for (int i = 0; i < 1500 && Table.Game->Control()->accessibleName() == watching; ++i) {
-            Stage::Turn(10);
+        EXPECT_TRUE(Stage::Until([this] { return Line() == Word("Watch"); }));
+        const auto seen = [&] {
             const QString now = Table.Game->Control()->accessibleDescription();
-            if (now == last || now.isEmpty()) continue;
+            if (now == last || now.isEmpty()) return;
             last = now;
             lit.append({now.section(u',', 0, 0).toInt(), now.section(u',', 1).toInt()});
-        }
+        };
+        EXPECT_TRUE(Stage::Until([&] {
+            seen();
+            return Line() != Word("Watch");
+        }));
         return lit;
     }
     QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
@@ -62,8 +66,7 @@ TEST_F(LanternRow, IsWatchedThenPlayedWithTheMouse)
     EXPECT_EQ(Sounds("right"), 1);
     EXPECT_EQ(Table.Score(), 125 * 2 / 40);
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 / 16);
-    Stage::Turn(1000);
-    EXPECT_EQ(Line(), Word("Watch")) << "the next round begins by itself";
+    EXPECT_TRUE(Stage::Until([this] { return Line() == Word("Watch"); })) << "the next round begins by itself";
 }
 
 TEST_F(LanternRow, IsPlayedWithTheKeysAlone)
@@ -123,14 +126,21 @@ TEST_F(LanternRow, HiddenStandsStill)
     EXPECT_EQ(Watch().size(), 2) << "no lantern was lit unseen";
 }
 
+TEST_F(LanternRow, AMachineThatStandsStillSwallowsNoLantern)
+{
+    Columns = 4;
+    Table.Start(3);
+    EXPECT_TRUE(Stage::Until([this] { return !Table.Game->Control()->accessibleDescription().isEmpty(); }));
+    QThread::msleep(2500); // more than the time of three lanterns
+    EXPECT_EQ(Watch().size(), 4);
+}
+
 TEST_F(LanternRow, NoTimerRunsWhileThePlayerThinks)
 {
     Table.Start(1);
     Watch();
-    Stage::Turn(500);
-    const auto timers = Table.Game->Control()->findChildren<QTimer *>();
-    EXPECT_FALSE(timers.isEmpty());
-    for (const QTimer *timer : timers) EXPECT_FALSE(timer->isActive());
+    EXPECT_FALSE(Table.Game->Control()->findChildren<QTimer *>().isEmpty());
+    EXPECT_TRUE(Table.UntilStill());
 }
 
 TEST_F(LanternRow, TheLastRoundEndsTheSessionAtOnce)
@@ -143,8 +153,9 @@ TEST_F(LanternRow, TheLastRoundEndsTheSessionAtOnce)
     Table.Start(5);
     for (int round = 0; round < 8; ++round) {
         EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
-        Press(Watch().last());
-        if (round < 7) Stage::Turn(2300);
+        const QList<QPoint> order = Watch();
+        ASSERT_FALSE(order.isEmpty());
+        Press(order.last());
     }
     EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 1);
     Stage::Turn(20);

@@ -48,7 +48,7 @@ protected:
         return sum + sign * product;
     }
     int Tasks(const QString &sound) const { return Table.Framework->Count(QStringLiteral("playsound ") + sound); }
-    void WaitForMistake() { Stage::Turn(1600); }
+    void WaitForMistake() { EXPECT_TRUE(Table.UntilStill()); }
     /// A place of the number pad, as parts of the whole at its design size.
     QPoint PadKey(int column, int row) const
     {
@@ -224,10 +224,8 @@ TEST_F(TallyRush, StandsStillWhileNothingMoves)
 {
     Table.Start(1);
     Table.Type(Result());
-    Stage::Turn(700);
-    const auto timers = Table.Game->Control()->findChildren<QTimer *>();
-    EXPECT_FALSE(timers.isEmpty());
-    for (const QTimer *timer : timers) EXPECT_FALSE(timer->isActive());
+    EXPECT_FALSE(Table.Game->Control()->findChildren<QTimer *>().isEmpty());
+    EXPECT_TRUE(Table.UntilStill());
 }
 
 TEST_F(TallyRush, EveryWordOfItsOwnIsThereInBothLanguages)

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+
 Stage::Stage(const QString &ClassName, const QString &Folder, QSize Size)
     : Framework(PlayedFramework::Install(Folder))
 {
@@ -50,6 +52,18 @@ void Stage::Keep(const QString &Name)
 {
     const QString folder = qEnvironmentVariable("NOGGLE_PICTURES");
     if (!folder.isEmpty()) Picture().save(folder + u'/' + Name + QStringLiteral(".png"));
+}
+
+bool Stage::Until(const std::function<bool()> &Reached)
+{
+    constexpr int Patience = 60000; // [ms]
+    return QTest::qWaitFor(Reached, Patience);
+}
+
+bool Stage::UntilStill() const
+{
+    const auto timers = Game->Control()->findChildren<QTimer *>();
+    return Until([&] { return std::ranges::none_of(timers, &QTimer::isActive); });
 }
 
 void Stage::Turn(int Milliseconds)

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
+
 class Stage
 {
 public:
@@ -29,6 +31,10 @@ public:
     void Keep(const QString &Name);
     /// Lets the event loop run, as the program's own does.
     static void Turn(int Milliseconds);
+    /// Lets it run until something is so; false if that does not come in a minute.
+    static bool Until(const std::function<bool()> &Reached);
+    /// Lets it run until nothing in the game moves: no timer of its own is on.
+    bool UntilStill() const;
 
     QWidget Container;
     std::shared_ptr<PlayedFramework> Framework;
