@@ -1,12 +1,12 @@
 #include "platform/ChartPlot.h"
 
+#include "platform/ChartLines.h"
 #include "platform/Colour.h"
 #include "platform/LarkChart.h"
 
 #include <QFontMetrics>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include <qcustomplot.h>
@@ -15,9 +15,8 @@ using ChartScale::Point;
 
 namespace
 {
-constexpr double EndRoom = 12;               // [px] between the ends of the plot and the outer points
-constexpr double MarkSize = 9, MarkRoom = 6; // [px]
-constexpr double MarkDistance = 11;          // [px] from mark to mark, at least
+constexpr double EndRoom = 12;      // [px] between the ends of the plot and the outer points
+constexpr double MarkDistance = 11; // [px] from mark to mark, at least
 constexpr double TooClose = 3, MeanWidth = 16, MeanMarkDistance = 24; // [px] from point to point
 constexpr int SmallestPlot = 10;                                      // [px]
 constexpr double LineDistance = 26;                                   // [px] between lines of the Y grid, at least
@@ -27,176 +26,7 @@ constexpr int IconWidth = 40, IconGap = 7, KeyGap = 22; // [px]
 constexpr int KeyFoot = 10, KeyLeading = 4;             // [px] below the key; between its lines
 constexpr double KeyShare = 0.4, LabelShare = 0.4;      // of the height: what key and labels may take at most
 constexpr double SmallestKeyFont = 8.25, Shrink = 0.94;
-constexpr int GridInk = 40, DotInk = 70, FaintInk = 60, NoteInk = 210; // of 255
-constexpr int DotSize = 2;                                             // [px]
-constexpr double LongestDashed = 20000; // [px] what goes that far beyond the plot shows no dashes in it
-constexpr int MarkDarker = 140;         // [%] the rim of a mark, so that light colours keep a shape
-
-struct Style
-{
-    QCPScatterStyle::ScatterShape Shape;
-    double Rim;                          // [px]
-    std::initializer_list<qreal> Dashes; // in widths of the line
-};
-
-const std::array<Style, 6> &Styles()
-{
-    static const std::array<Style, 6> styles{{{QCPScatterStyle::ssCircle, 1, {}},
-                                              {QCPScatterStyle::ssSquare, 1, {4, 2}},
-                                              {QCPScatterStyle::ssTriangle, 1, {1, 1.5}},
-                                              {QCPScatterStyle::ssDiamond, 1, {7, 2, 1.5, 2}},
-                                              {QCPScatterStyle::ssTriangleInverted, 1, {10, 3}},
-                                              {QCPScatterStyle::ssCross, 2.4, {6, 1.5, 1, 1.5, 1, 1.5}}}};
-    return styles;
-}
-
-const Style &StyleOf(const ChartSeries &series)
-{
-    const auto last = static_cast<int>(Styles().size());
-    return Styles()[static_cast<std::size_t>(std::clamp(series.Style, 1, last) - 1)];
-}
-
-QPen LinePen(const ChartSeries &series)
-{
-    QPen pen(ToColour(series.Colour), std::max(1, series.Thickness), Qt::SolidLine, Qt::FlatCap);
-    const Style &style = StyleOf(series);
-    if (style.Dashes.size() > 0) pen.setDashPattern(QList<qreal>(style.Dashes));
-    return pen;
-}
-
-// A mark has a solid rim of its own, or it would take the dashes of the line.
-QCPScatterStyle MarkOf(const ChartSeries &series)
-{
-    if (!series.Marks) return {};
-    const QColor colour = ToColour(series.Colour);
-    const Style &style = StyleOf(series);
-    return QCPScatterStyle(style.Shape, QPen(style.Rim > 1 ? colour : colour.darker(MarkDarker), style.Rim), colour,
-                           MarkSize);
-}
-
-// From point to point, without the gaps.
-QVector<QLineF> PiecesOf(const QVector<QPointF> &points)
-{
-    QVector<QLineF> pieces;
-    for (qsizetype i = 1; i < points.size(); ++i)
-        if (!qIsNaN(points[i - 1].y()) && !qIsNaN(points[i].y())) pieces.push_back({points[i - 1], points[i]});
-    return pieces;
-}
-
-// The dashes of a pen along the pieces of a line, as lines of their own. A pattern goes on from piece to piece.
-QVector<QLineF> DashesOf(const QVector<QLineF> &pieces, const QPen &pen)
-{
-    const QList<qreal> pattern = pen.dashPattern(); // dash, space, dash, space, ...
-    QVector<QLineF> dashes;
-    qsizetype at = 0;
-    double left = pattern[0] * pen.widthF(); // [px] of the present dash or space
-    for (const QLineF &piece : pieces) {
-        const double length = piece.length();
-        if (length > LongestDashed) dashes.push_back(piece);
-        for (double from = 0; from < length && length <= LongestDashed;) {
-            const double to = std::min(length, from + left);
-            if (at % 2 == 0) dashes.push_back({piece.pointAt(from / length), piece.pointAt(to / length)});
-            left -= to - from;
-            from = to;
-            if (left > 1e-6) continue;
-            at = (at + 1) % pattern.size();
-            left = pattern[at] * pen.widthF();
-        }
-    }
-    return dashes;
-}
-
-// As if that much ink of the colour stood on a ground. Opaque, since lines that let the ground through are drawn ten
-// times slower.
-QColor Tint(const QColor &colour, const QColor &ground, int ink)
-{
-    const auto mix = [ink](int of, int on) { return on + (of - on) * ink / 255; };
-    return {mix(colour.red(), ground.red()), mix(colour.green(), ground.green()), mix(colour.blue(), ground.blue())};
-}
-
-// A line drawn piece by piece and dash by dash: as one path, a jagged one takes Qt a hundred times longer.
-class Pieces : public QCPGraph
-{
-public:
-    explicit Pieces(const QCustomPlot &Plot) : QCPGraph(Plot.xAxis, Plot.yAxis) {}
-
-    void Show(const std::vector<Point> &Points)
-    {
-        for (const Point &point : Points)
-            mDataContainer->add(QCPGraphData(point.X, ChartScale::IsMissing(point.Y) ? qQNaN() : point.Y));
-    }
-
-protected:
-    void drawLinePlot(QCPPainter *painter, const QVector<QPointF> &lines) const override
-    {
-        applyDefaultAntialiasingHint(painter);
-        const QVector<QLineF> pieces = PiecesOf(lines);
-        const bool solid = mPen.style() == Qt::SolidLine;
-        painter->setPen(QPen(mPen.color(), mPen.widthF(), Qt::SolidLine, solid ? Qt::SquareCap : Qt::FlatCap));
-        painter->drawLines(solid ? pieces : DashesOf(pieces, mPen));
-    }
-};
-
-// A line whose marks are chosen, and which may stand at the very end of the scale without losing half of its marks.
-class Line final : public Pieces
-{
-public:
-    Line(const QCustomPlot &Plot, bool WholeMarks) : Pieces(Plot), m_WholeMarks(WholeMarks) {}
-
-    void Mark(const std::vector<Point> &Points, const std::vector<std::size_t> &Marked)
-    {
-        for (const std::size_t i : Marked) m_Marks.push_back(Points[i]);
-    }
-
-protected:
-    QRect clipRect() const override
-    {
-        const int room = m_WholeMarks ? static_cast<int>(MarkRoom) : 0;
-        return QCPGraph::clipRect().adjusted(0, -room, 0, room);
-    }
-    void drawScatterPlot(QCPPainter *painter, const QVector<QPointF> &, const QCPScatterStyle &style) const override
-    {
-        applyScattersAntialiasingHint(painter);
-        style.applyTo(painter, mPen);
-        for (const Point &mark : m_Marks) style.drawShape(painter, coordsToPixels(mark.X, mark.Y));
-    }
-
-private:
-    bool m_WholeMarks;
-    std::vector<Point> m_Marks;
-};
-
-// Points that are too many for marks.
-class Dots final : public QCPGraph
-{
-public:
-    Dots(const QCustomPlot &Plot, QColor Colour) : QCPGraph(Plot.xAxis, Plot.yAxis)
-    {
-        Colour.setAlpha(DotInk);
-        setPen(QPen(Colour));
-        setLineStyle(lsNone);
-        setScatterStyle(QCPScatterStyle::ssDot);
-    }
-    void Show(const std::vector<Point> &Points)
-    {
-        for (const Point &point : Points)
-            if (!ChartScale::IsMissing(point.Y)) mDataContainer->add(QCPGraphData(point.X, point.Y));
-    }
-
-protected:
-    void drawScatterPlot(QCPPainter *painter, const QVector<QPointF> &scatters,
-                         const QCPScatterStyle &) const override
-    {
-        std::vector<QRect> dots;
-        dots.reserve(static_cast<std::size_t>(scatters.size()));
-        for (const QPointF &place : scatters) dots.emplace_back(place.toPoint(), QSize(DotSize, DotSize));
-        painter->setAntialiasing(false);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(
-            mPen.color()); // squares of whole pixels, since they are filled many times faster than points
-        painter->drawRects(dots.data(), static_cast<int>(dots.size()));
-    }
-};
+constexpr int GridInk = 40, DotInk = 70, NoteInk = 210; // of 255
 
 void SetLook(QCPAxis *axis, const QFont &font, const QColor &colour, const QColor &text, QColor grid)
 {
@@ -256,6 +86,7 @@ void ChartPlot::Draw()
 {
     if (m_Chart.rect().isEmpty()) return; // the surface can't be painted on
     m_Plot->clearItems();
+    m_Lines.clear();
     m_Plot->clearPlottables();
     m_Plot->setGeometry(m_Chart.rect());
     m_Plot->setViewport(m_Chart.rect()); // a hidden surface learns of its size later
@@ -433,12 +264,8 @@ void ChartPlot::DrawSeries()
     const auto every = static_cast<std::size_t>(std::ceil(between / apart));
     for (std::size_t i = 0; i < all.size(); ++i) {
         const ChartSeries &series = *m_Chart.AllSeries()[i];
-        auto *line = new Line(*m_Plot, m_Chart.autoscaley);
-        line->setName(series.Name);
-        line->setPen(LinePen(series));
-        line->setScatterStyle(MarkOf(series));
-        line->Show(all[i]);
-        line->Mark(all[i], ChartScale::Marked(all[i], every, i));
+        const auto marked = ChartScale::Marked(all[i], every, i);
+        m_Lines.push_back(ChartLines::AddLine(*m_Plot, series, all[i], marked, m_Chart.autoscaley));
     }
 }
 
@@ -446,19 +273,14 @@ void ChartPlot::DrawSeries()
 void ChartPlot::DrawDots(const std::vector<std::vector<Point>> &All)
 {
     for (std::size_t i = 0; i < All.size(); ++i)
-        (new Dots(*m_Plot, ToColour(m_Chart.AllSeries()[i]->Colour)))->Show(All[i]);
+        ChartLines::AddDots(*m_Plot, *m_Chart.AllSeries()[i], All[i], DotInk);
 }
 
-// Below all lines, each dashed one shows faintly between its dashes, or steep pieces would look like gaps.
 void ChartPlot::DrawTints(const std::vector<std::vector<Point>> &All)
 {
-    for (std::size_t i = 0; i < All.size(); ++i) {
-        const QPen pen = LinePen(*m_Chart.AllSeries()[i]);
-        if (pen.style() == Qt::SolidLine) continue;
-        auto *tint = new Pieces(*m_Plot);
-        tint->setPen(QPen(Tint(pen.color(), ToColour(m_Chart.plotbackcolour), FaintInk), pen.widthF()));
-        tint->Show(All[i]);
-    }
+    const QColor ground = ToColour(m_Chart.plotbackcolour);
+    for (std::size_t i = 0; i < All.size(); ++i)
+        ChartLines::AddTint(*m_Plot, *m_Chart.AllSeries()[i], All[i], ground);
 }
 
 void ChartPlot::DrawKey()
@@ -472,13 +294,11 @@ void ChartPlot::DrawKey()
     key->setWrap(m_Key.Columns);
     key->setFillOrder(QCPLayoutGrid::foColumnsFirst);
     const QFontMetrics text(m_Key.Font);
-    int left = m_Key.Columns * m_Key.Rows;
-    for (int i = 0; i < m_Plot->plottableCount() && left > 0; ++i) {
-        auto *line = dynamic_cast<Line *>(m_Plot->plottable(i));
-        if (line == nullptr) continue;
+    const auto room = static_cast<std::size_t>(m_Key.Columns * m_Key.Rows);
+    for (std::size_t i = 0; i < std::min(room, m_Lines.size()); ++i) {
+        QCPGraph *line = m_Lines[i];
         line->setName(text.elidedText(line->name(), Qt::ElideRight, m_Key.Item.width() - IconWidth - IconGap));
         line->addToLegend();
-        --left;
     }
     const QSizeF plot = Area().size();
     const QSizeF size(m_Key.Columns * m_Key.Item.width(), KeyHeight() - KeyFoot);

@@ -1,4 +1,5 @@
-// How a LarkChart gets onto the screen: the one place that knows the plotting library.
+// How a LarkChart gets onto the screen: with `ChartLines` the one place that knows the plotting
+// library.
 #pragma once
 
 #include "platform/ChartScale.h"
@@ -13,6 +14,7 @@
 #include <vector>
 
 class LarkChart;
+class QCPGraph;
 class QCustomPlot;
 struct ChartSeries;
 
@@ -57,6 +59,7 @@ private:
 
     const LarkChart &m_Chart;
     QCustomPlot *m_Plot;
+    std::vector<QCPGraph *> m_Lines; // in the order of the series; the plot owns them
     ChartScale::Scale m_X{0, 1, 1};
     ChartScale::Scale m_Y{0, 1, 1};
     QMargins m_Margins; // [px]
