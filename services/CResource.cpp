@@ -35,7 +35,7 @@ QString CutTo(const QString &Text, std::int32_t Count)
 {
     throw RuntimeError(Number, QStringLiteral("cResource.LibraryFilePath_Let (%1)").arg(Path),
                        QStringLiteral("The LoadLibrary API failed with the error number %1 while trying to load the "
-                                      "file '%2'. ")
+                                      "file '%2'")
                            .arg(QString::number(Number), Path));
 }
 

@@ -164,14 +164,13 @@ TEST_F(CResourceTest, ALibraryThatIsNoModuleFailsInTheseWords)
     EXPECT_EQ(failure.Source, QStringLiteral("cResource.LibraryFilePath_Let (") + path + u')');
     EXPECT_EQ(failure.Description, QStringLiteral("The LoadLibrary API failed with the error number 193 while trying "
                                                   "to load the file '") +
-                                       path + QStringLiteral("'. "));
+                                       path + u'\'');
 }
 
 TEST_F(CResourceTest, APathWithPercentMarksIsToldAsItIs)
 {
     const QString path = m_Folder.Write(QStringLiteral("100%1 %2.dll"), "junk");
-    EXPECT_TRUE(
-        FailureOf([&] { m_Resources.SetLibraryFilePath(path); }).Description.endsWith(path + QStringLiteral("'. ")));
+    EXPECT_TRUE(FailureOf([&] { m_Resources.SetLibraryFilePath(path); }).Description.endsWith(path + u'\''));
 }
 
 TEST_F(CResourceTest, ALibraryThatMayNotBeReadFailsWithTheSystemsNumber)
