@@ -17,7 +17,8 @@ double Today();
 float Timer();
 
 double ToDayCount(const QDateTime &Moment);
-/// The moment of a day count, to the nearest millisecond. Invalid for what no calendar holds.
+/// The moment of a day count, to the nearest millisecond: its date and its time of day. Invalid for what no calendar
+/// holds, and, with date and time all the same, for a time that daylight saving leaves out here.
 QDateTime FromDayCount(double Days);
 
 /// Replaces the source of the time; an empty function gives back the machine's clock. For tests.
