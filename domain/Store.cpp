@@ -40,6 +40,16 @@ std::unique_ptr<Connection> OpenedStore()
         GiveUp(std::current_exception());
     }
 }
+
+// Who kept the commit out may be through, or closed, once the player has answered the message.
+bool IsCommitted(const QString &message)
+{
+    Connection &store = GetConnection();
+    if (Trapped(message, [&] { store.Commit(); })) return true;
+    if (store.IsBegun() && Step([&] { store.Commit(); })) return true;
+    store.Rollback();
+    return false;
+}
 } // namespace
 
 Connection &GetConnection()
@@ -64,11 +74,11 @@ std::unique_ptr<Recordset> GetRecordset(const QString &Sql, const std::optional<
 
 QVariant NullDefault(const QVariant &Value, const QVariant &Default) { return Value.isNull() ? Default : Value; }
 
-void OneCommit(const QString &Message, const std::function<void()> &work)
+void OneCommit(const QString &Message, const std::function<void()> &work, const std::function<void()> &forget)
 {
     const bool isBegun = Step([] { GetConnection().Begin(); });
     const auto commit = [&] {
-        if (isBegun) Trapped(Message, [] { GetConnection().Commit(); });
+        if (isBegun && !IsCommitted(Message) && forget) Step(forget);
     };
     try {
         work();

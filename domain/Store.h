@@ -26,8 +26,10 @@ QVariant NullDefault(const QVariant &Value, const QVariant &Default);
 
 /// Runs work whose writes belong together as one commit. When the store can't begin one, the work runs all the same
 /// and each write stands alone. Failure of the work: passed on, what it wrote before is kept. Failure of the commit:
-/// trapped, with the message; nothing of the work is in the store then.
-void OneCommit(const QString &Message, const std::function<void()> &work);
+/// trapped, with the message. One that was kept out by another program's reading is tried once more after the
+/// message; else nothing of the work is in the store, and forget is called: what memory got of it has to go, since
+/// the store will give the same keys to other rows. Failure of forget: ignored.
+void OneCommit(const QString &Message, const std::function<void()> &work, const std::function<void()> &forget = {});
 
 /// Drops the connection, so that the next statement opens the file of the present program's folder. For tests.
 void ForgetConnection();

@@ -7,6 +7,12 @@
 #include "shell/program/modMain.h"
 
 #include <algorithm>
+#include <utility>
+
+namespace
+{
+const QString AllGames = QStringLiteral("select * from Game order by GameName");
+}
 
 std::shared_ptr<CGame> colGame::Add(const QString &Name, const QString &ComponentName, const QString &Key)
 {
@@ -24,7 +30,8 @@ void colGame::Load()
         if (m_Cat != 0)
             LoadCategory();
         else
-            modMain::OneCommit(message, [this] { LoadCatalogue(); });
+            modMain::OneCommit(
+                message, [this] { LoadCatalogue(); }, [this] { KeepStoredGames(); });
     });
 }
 
@@ -48,9 +55,21 @@ void colGame::LoadCatalogue()
     LoadUpdates();
 }
 
+// The key of a row that was taken back is given to another game one day, and would take results along.
+void colGame::KeepStoredGames()
+{
+    const RecordList<CGame> all = std::exchange(m_Games, {});
+    const auto set = modMain::GetRecordset(AllGames);
+    for (Recordset &row = Rows(set); !row.Eof(); row.MoveNext()) {
+        const std::int32_t key = row.Long(u"GameKey");
+        if (const auto game = all.Find(key)) m_Games.AddRow(game, key);
+    }
+    Held(modMain::Categories).Load();
+}
+
 void colGame::LoadGamesFromStore()
 {
-    const auto set = modMain::GetRecordset(QStringLiteral("select * from Game order by GameName"));
+    const auto set = modMain::GetRecordset(AllGames);
     for (Recordset &row = Rows(set); !row.Eof(); row.MoveNext()) {
         auto game = std::make_shared<CGame>();
         game->Key = row.Long(u"GameKey");

@@ -26,7 +26,8 @@ public:
 
     /// Replaces the list. The whole catalogue is read from the store and brought up to date from the game folders,
     /// twice, so that new games stand at their place by name; all of it is one commit.
-    /// Failure: trapped, "Error loading Games."; the list stays as it stood.
+    /// Failure: trapped, "Error loading Games."; the list stays as it stood. When it is the commit that fails, games
+    /// that the store has no row of leave the list.
     void Load();
     /// The first game whose Name, as read, equals the argument, case counting; or empty.
     std::shared_ptr<CGame> GameByName(const QString &Name) const;
@@ -39,6 +40,7 @@ private:
 
     void LoadCategory();
     void LoadCatalogue();
+    void KeepStoredGames();
     void LoadGamesFromStore();
     void TakeFolder(const QString &Path, NamesAsRead &names);
 

@@ -118,7 +118,8 @@ private:
     void UnloadGame();
     void LetGameGo();
     void EndWorkoutGame(std::int32_t TimeTaken, std::int32_t Points);
-    void StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, std::int32_t Total, std::int32_t Award);
+    struct WorkoutEnd;
+    void StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, std::int32_t Total, WorkoutEnd &End);
     void EndPracticeGame(std::int32_t TimeTaken, std::int32_t Points);
 
     // face

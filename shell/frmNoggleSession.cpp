@@ -230,18 +230,41 @@ void frmNoggle::GameOver()
     m_InGameOver = false;
 }
 
+// What a game's end changes in memory, to be put back when the store took nothing of it: a workout and a result that
+// are not in the store would carry keys that the next ones get, and an award would be stored without its result.
+struct frmNoggle::WorkoutEnd
+{
+    std::int32_t Award = 0;
+    std::shared_ptr<CWorkout> WorkoutBefore = modMain::CurrentWorkout;
+    std::shared_ptr<CGamePlayed> Result = {};
+    std::shared_ptr<CPlayerGame> State = {};
+    CPlayerGame StateBefore = {};
+
+    void Forget(CPlayer &player) const
+    {
+        if (State) *State = StateBefore;
+        if (modMain::CurrentWorkout != WorkoutBefore)
+            player.Workouts().Remove(player.Workouts().Count());
+        else if (Result)
+            WorkoutBefore->GamesPlayed().Remove(WorkoutBefore->GamesPlayed().Count());
+        modMain::CurrentWorkout = WorkoutBefore;
+    }
+};
+
 void frmNoggle::EndWorkoutGame(std::int32_t TimeTaken, std::int32_t Points)
 {
     const ScoreSheet sheet = Score(PresentGame().TimeLimit, TimeTaken, Points, m_Level);
     frmScore().ShowScore(this, Points, sheet.TimeLeft, sheet.TimeBonus, m_Level, sheet.LevelBonus, sheet.Total,
                          sheet.Star);
     UnloadGame();
-    modMain::OneCommit(QStringLiteral("Error saving GamePlayed info."),
-                       [&] { StoreWorkoutResult(sheet.TimeLeft, Points, sheet.Total, sheet.Star ? 1 : 0); });
+    WorkoutEnd end{sheet.Star ? 1 : 0};
+    modMain::OneCommit(
+        QStringLiteral("Error saving GamePlayed info."),
+        [&] { StoreWorkoutResult(sheet.TimeLeft, Points, sheet.Total, end); }, [&] { end.Forget(PresentPlayer()); });
     ShowWorkoutScreen(true);
 }
 
-void frmNoggle::StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, std::int32_t Total, std::int32_t Award)
+void frmNoggle::StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, std::int32_t Total, WorkoutEnd &End)
 {
     CPlayer &player = PresentPlayer();
     CGame &game = PresentGame();
@@ -251,11 +274,14 @@ void frmNoggle::StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, s
         modMain::CurrentWorkout->Mode = WorkoutResult;
     }
     CWorkout &workout = *modMain::CurrentWorkout;
-    workout.GamesPlayed().Add(player.Key, game.Key, Points, TimeLeft, Total, workout.Mode, m_Level, Award);
+    End.Result =
+        workout.GamesPlayed().Add(player.Key, game.Key, Points, TimeLeft, Total, workout.Mode, m_Level, End.Award);
 
     modMain::CurrentPlayerGame = player.GameData().Item(game.Key);
     CPlayerGame &state = *modMain::CurrentPlayerGame;
-    state.AddAward(Award);
+    End.State = modMain::CurrentPlayerGame;
+    End.StateBefore = state;
+    state.AddAward(End.Award);
     const Standing standing = Promoted({state.Level(), state.UnspentAwards}, game.Levels());
     state.SetLevel(standing.Level);
     state.UnspentAwards = standing.UnspentAwards;

@@ -51,6 +51,14 @@ void Prove(sqlite3 *handle)
     look.Step();
     if (look.Long(0) == 0) throw RuntimeError(QStringLiteral("The file holds no tables."));
 }
+
+// By the engine's number. Only the wait for another program leaves a commit as it was; what else goes wrong may have
+// ended it.
+bool IsKeptOut(const RuntimeError &failure)
+{
+    constexpr long primaryCode = 0xff;
+    return (failure.Number() & primaryCode) == SQLITE_BUSY;
+}
 } // namespace
 
 Connection::~Connection() { sqlite3_close_v2(m_Handle); }
@@ -96,6 +104,9 @@ void Connection::Commit()
         if (m_Doomed) throw RuntimeError(QStringLiteral("A part of the changes was taken back."));
         Execute(m_Handle, "commit");
         m_Depth = 0;
+    } catch (const RuntimeError &failure) {
+        if (!IsKeptOut(failure)) Rollback();
+        throw;
     } catch (...) {
         Rollback();
         throw;

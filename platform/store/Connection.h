@@ -23,9 +23,11 @@ public:
     sqlite3 *Handle() const { return m_Handle; }
 
     /// Several statements as one commit. Begin takes the write lock at once; calls nest, and the outermost Commit
-    /// writes. Failure: passed on; a failing Commit has rolled back.
+    /// writes. Failure: passed on. A Commit that another program's reading keeps out leaves everything begun and may
+    /// be called again; any other that fails has rolled back.
     void Begin();
     void Commit();
+    bool IsBegun() const { return m_Depth > 0; }
     /// Undoes everything since the outermost Begin: at once there, else when it is reached, whose Commit fails then.
     /// Failure: none.
     void Rollback();

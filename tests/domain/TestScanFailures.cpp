@@ -134,6 +134,25 @@ TEST_F(Scan, StopsAtTheSecondNewGameThatCannotBeSaved)
     EXPECT_EQ(modMain::Games->Count(), 1);
 }
 
+TEST_F(Scan, WhoseCommitFailsLeavesTheGamesThatTheStoreKnows)
+{
+    GivenGame(QStringLiteral("arrows"), {"Arrows", "Memory"});
+    Start();
+    GivenGame(QStringLiteral("abacus"), {"Abacus", "Numbers"});
+    modMain::GetConnection().BeforeCall = [](const QString &Sql) {
+        if (Sql == u"commit") throw RuntimeError(QStringLiteral("No more room."));
+    };
+    Start();
+    EXPECT_EQ(TakeMessages(), u"Error loading Games.");
+    EXPECT_EQ(Names(*modMain::Games), u"Arrows");
+    EXPECT_NE(Game(QStringLiteral("Arrows"))->Path(), QString()) << "it can be played";
+    EXPECT_EQ(modMain::Categories->Count(), 1);
+    modMain::GetConnection().BeforeCall = {};
+    StartAgain();
+    EXPECT_EQ(Names(*modMain::Games), u"Abacus Arrows");
+    EXPECT_EQ(StoredOne(QStringLiteral("select GameKey, GameName from Game")), u"1|Arrows;2|Abacus");
+}
+
 TEST_F(Scan, AFailureWhileCategoriesAreReloadedMakesNoCategoryTwice)
 {
     GivenThreeGames();

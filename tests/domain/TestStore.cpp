@@ -187,6 +187,39 @@ TEST_F(Store, AFailingCommitIsToldAndNothingOfItIsStored)
     EXPECT_EQ(GivenPlayer(u"Bert"_s), 1) << "the store is fit for the next write";
 }
 
+TEST_F(Store, WhatMemoryGotOfAFailedCommitIsForgottenAlsoWhenTheWorkFailed)
+{
+    const auto framework = RecordingFramework::Install();
+    for (const bool doesWorkFail : {false, true}) {
+        int forgotten = 0;
+        const auto work = [&] {
+            GivenPlayer(u"Ann"_s);
+            m_store.FailAtCall(1);
+            if (doesWorkFail) throw RuntimeError(u"Halfway."_s);
+        };
+        const QString failure = DescriptionOfFailing([&] {
+            modMain::OneCommit(u"Error."_s, work, [&] {
+                ++forgotten;
+                throw RuntimeError(u"Nor this."_s);
+            });
+        });
+        EXPECT_EQ(failure, doesWorkFail ? u"Halfway."_s : u"no failure"_s);
+        EXPECT_EQ(framework->TakeLast().Message, u"Error.\r\nMade to fail."_s);
+        EXPECT_EQ(forgotten, 1);
+        m_store.FailAtCall(0);
+        EXPECT_EQ(m_store.Ask(u"select count(*) from Player"_s), u"0"_s);
+    }
+}
+
+TEST_F(Store, NothingIsForgottenOfWhatIsStored)
+{
+    bool isForgotten = false;
+    modMain::OneCommit(
+        u"Error."_s, [] { GivenPlayer(u"Ann"_s); }, [&] { isForgotten = true; });
+    EXPECT_FALSE(isForgotten);
+    EXPECT_EQ(m_store.Ask(u"select PlayerName from Player"_s), u"Ann"_s);
+}
+
 TEST_F(Store, OneCommitInsideAnotherIsPartOfIt)
 {
     modMain::OneCommit(u"Outer."_s, [this] {

@@ -36,9 +36,10 @@ class FailingCall
 public:
     explicit FailingCall(int Number)
     {
-        modMain::GetConnection().BeforeCall = [this, Number](const QString &) {
+        modMain::GetConnection().BeforeCall = [this, Number](const QString &Sql) {
             if (++m_Calls != Number) return;
             m_HasFailed = true;
+            m_WasCommit = Sql == u"commit";
             throw RuntimeError(Made);
         };
     }
@@ -46,10 +47,12 @@ public:
     FailingCall(const FailingCall &) = delete;
     FailingCall &operator=(const FailingCall &) = delete;
     bool HasFailed() const { return m_HasFailed; }
+    bool WasCommit() const { return m_WasCommit; }
 
 private:
     int m_Calls = 0;
     bool m_HasFailed = false;
+    bool m_WasCommit = false;
 };
 
 /// Closes whatever message of a failure comes up, and keeps it.
@@ -133,12 +136,14 @@ TEST_F(SessionFaults, TheEndOfAGameTellsWhicheverCallFails)
         const int results = Count("GamePlayed");
         Messages messages;
         QString passedOn;
+        bool isCommit = false;
         Play();
         Program.CloseNextScore();
         {
             const FailingCall failing(call);
             passedOn = FailureOf([&] { End(); });
             hasFailed = failing.HasFailed();
+            isCommit = failing.WasCommit();
         }
         EXPECT_FALSE(Story.Game && Story.Game->isVisible()) << "the game has gone";
         const QString message = messages.FirstLines();
@@ -155,7 +160,9 @@ TEST_F(SessionFaults, TheEndOfAGameTellsWhicheverCallFails)
             EXPECT_EQ(passedOn, QStringLiteral("none"));
             EXPECT_TRUE(message == noResult || message == noState) << qPrintable(message);
             EXPECT_EQ(Count("GamePlayed"), message == noResult ? results : results + 1);
-            EXPECT_EQ(modMain::CurrentPlayer->GameData().Item(Game()->Key)->Awards, awards + 1) << "in memory";
+            // In memory too, but for an end that was taken back as a whole. The other commit is the next screen's.
+            const int now = modMain::CurrentPlayer->GameData().Item(Game()->Key)->Awards;
+            EXPECT_EQ(now, isCommit && message == noResult ? awards : awards + 1);
         }
         // Whatever failed, the menu leads out.
         if (Program.MenuKeys().contains(QStringLiteral("abandon"))) Abandon();
@@ -167,6 +174,41 @@ TEST_F(SessionFaults, TheEndOfAGameTellsWhicheverCallFails)
     for (const QString &message : {noWorkout, noResult, noState}) EXPECT_TRUE(told.contains(message));
     Reopen();
     ExpectThatAGameIsStored();
+}
+
+TEST_F(SessionFaults, AnEndWhoseCommitFailsIsToldAndForgottenAndTheGameCanBePlayedAgain)
+{
+    OpenWorkout();
+    for (const bool isFirstOfItsWorkout : {true, false}) {
+        SCOPED_TRACE(isFirstOfItsWorkout);
+        const auto workout = modMain::CurrentWorkout;
+        ASSERT_EQ(workout == nullptr, isFirstOfItsWorkout);
+        const int listed = workout ? workout->GamesPlayed().Count() : 0;
+        const auto state = modMain::CurrentPlayer->GameData().Item(Game()->Key);
+        const int awards = state->Awards;
+        const QString stored = Results();
+        Messages messages;
+        Play();
+        modMain::GetConnection().BeforeCall = [](const QString &Sql) {
+            if (Sql == u"commit") throw RuntimeError(Made);
+        };
+        EndAndScore();
+        modMain::GetConnection().BeforeCall = {};
+        EXPECT_EQ(messages.Texts.value(0), QStringLiteral("Error saving GamePlayed info.\r\n") + Made);
+        EXPECT_EQ(Results(), stored);
+        EXPECT_EQ(modMain::CurrentWorkout, workout);
+        EXPECT_EQ(workout ? workout->GamesPlayed().Count() : 0, listed);
+        EXPECT_EQ(modMain::CurrentPlayer->Workouts().Count(), isFirstOfItsWorkout ? 0 : 1);
+        EXPECT_EQ(state->Awards, awards);
+        EXPECT_EQ(modMain::CurrentPlayer->GameData().Item(Game()->Key), state) << "the same object as before";
+        ExpectThatAGameIsStored();
+        EXPECT_EQ(state->Awards, awards + 1);
+    }
+    EXPECT_EQ(
+        Program.Ask(QStringLiteral("select count(*) from GamePlayed, Workout where WorkoutKey=GamePlayedWorkout "
+                                   "and WorkoutPlayer=GamePlayedPlayer")),
+        QStringLiteral("2"))
+        << "each result belongs to a workout of its player";
 }
 
 TEST_F(SessionFaults, AStartWithThreeGamesTellsWhicheverCallFails)

@@ -222,6 +222,80 @@ TEST_F(StoreConnection, BeginningsNestAndTheOutermostCommitWrites)
     EXPECT_THROW(connection.Commit(), RuntimeError) << "nothing is begun any more";
 }
 
+namespace
+{
+// Another program in the middle of reading: it keeps every commit out until it is closed.
+struct Reader
+{
+    explicit Reader(const QString &path)
+    {
+        store.Open(path);
+        Execute(store.Handle(), "begin");
+        Execute(store.Handle(), "select * from Player");
+    }
+    Connection store;
+};
+
+// What the player does while a message is shown.
+class AnsweredFramework : public RecordingFramework
+{
+public:
+    std::function<void()> WhileShown;
+    void ShowError(const QString &Message, const QString &ErrDesc, QWidget *Parent) override
+    {
+        if (WhileShown) WhileShown();
+        RecordingFramework::ShowError(Message, ErrDesc, Parent);
+    }
+};
+} // namespace
+
+TEST_F(StoreConnection, ACommitThatAReaderKeepsOutMayBeCalledAgain)
+{
+    Connection connection;
+    connection.Open(m_store.Path());
+    auto reader = std::make_unique<Reader>(m_store.Path());
+    connection.Begin();
+    AddPlayer(connection, u"Ann"_s);
+    EXPECT_EQ(FailureOf([&] { connection.Commit(); }), u"database is locked"_s);
+    EXPECT_TRUE(connection.IsBegun());
+    EXPECT_EQ(FailureOf([&] { connection.Commit(); }), u"database is locked"_s);
+    reader.reset();
+    connection.Commit();
+    EXPECT_FALSE(connection.IsBegun());
+    EXPECT_EQ(Names(), u"Ann"_s);
+}
+
+TEST_F(StoreConnection, OneCommitIsTriedAgainOnceItsMessageIsAnswered)
+{
+    const auto framework = std::make_shared<AnsweredFramework>();
+    modMain::Framework = framework;
+    auto reader = std::make_unique<Reader>(m_store.Path());
+    framework->WhileShown = [&] { reader.reset(); };
+    bool isForgotten = false;
+    modMain::OneCommit(
+        u"Error."_s, [] { AddPlayer(modMain::GetConnection(), u"Ann"_s); }, [&] { isForgotten = true; });
+    EXPECT_EQ(framework->TakeLast().Message, u"Error.\r\ndatabase is locked"_s);
+    EXPECT_TRUE(framework->Boxes.empty()) << "one message";
+    EXPECT_EQ(Names(), u"Ann"_s);
+    EXPECT_FALSE(isForgotten);
+    modMain::Framework.reset();
+}
+
+TEST_F(StoreConnection, OneCommitThatIsKeptOutTwiceIsTakenBackAndForgotten)
+{
+    const auto framework = RecordingFramework::Install();
+    auto reader = std::make_unique<Reader>(m_store.Path());
+    int forgotten = 0;
+    modMain::OneCommit(
+        u"Error."_s, [] { AddPlayer(modMain::GetConnection(), u"Ann"_s); }, [&] { ++forgotten; });
+    EXPECT_EQ(framework->Boxes.size(), 1U);
+    EXPECT_EQ(forgotten, 1);
+    reader.reset();
+    AddPlayer(modMain::GetConnection(), u"Bert"_s);
+    EXPECT_EQ(m_store.Ask(u"select * from Player"_s), u"1|Bert"_s) << "the key of what was taken back is given again";
+    modMain::Framework.reset();
+}
+
 TEST_F(StoreConnection, ARollbackInsideMakesTheOuterCommitFail)
 {
     Connection connection;
