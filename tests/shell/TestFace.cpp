@@ -3,6 +3,7 @@
 
 #include "sdk/CNoggleFramework.h"
 #include "sdk/controls/cTransPictureBox.h"
+#include "services/modWheel.h"
 #include "shell/program/modMain.h"
 #include "skin/CSkin.h"
 #include "skin/colSkin.h"
@@ -188,6 +189,24 @@ TEST_F(Face, HelpOpensTheHelpFileOfTheProgramsFolder)
     Program.ClickMenu(QStringLiteral("help"));
     EXPECT_EQ(Plain(desktop.Opened.join(u'|')), Plain(QUrl::fromLocalFile(file).toString()));
     EXPECT_EQ(Mode(), 0);
+}
+
+TEST_F(Face, TheWheelIsHookedOnlyWhileTheWindowIsActive)
+{
+    Start();
+    Program.Window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Program.Window()));
+    EXPECT_EQ(modWheel::HookedForm(), &Program.Window());
+    {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        EXPECT_EQ(modWheel::HookedForm(), nullptr);
+    }
+    Program.Window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Program.Window()));
+    EXPECT_EQ(modWheel::HookedForm(), &Program.Window());
 }
 
 TEST_F(Face, TheWheelChangesNothing)
