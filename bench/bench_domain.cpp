@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "shell/program/modMain.h"
 #include "tests/support/RecordingFramework.h"
+#include "tests/support/Records.h"
 
 #include <benchmark/benchmark.h>
 
@@ -58,16 +59,6 @@ private:
     double m_Ours = std::numeric_limits<double>::max();
     double m_Floor = std::numeric_limits<double>::max();
 };
-
-void LoadCatalogue()
-{
-    modMain::Players = std::make_shared<colPlayer>();
-    modMain::Categories = std::make_shared<colCategory>();
-    modMain::Games = std::make_shared<colGame>();
-    modMain::Players->Load();
-    modMain::Categories->Load();
-    modMain::Games->Load();
-}
 
 CPlayer PlayerOne()
 {
@@ -160,7 +151,7 @@ void GameData(benchmark::State &state)
 void NextGameToPlay(benchmark::State &state)
 {
     BareStore bare(StoreWith(static_cast<std::int32_t>(state.range(0))));
-    LoadCatalogue();
+    LoadRecords();
     const auto next = [](std::int32_t category) { benchmark::DoNotOptimize(PlayerOne().NextGameToPlay(category)); };
     const auto ours = [&] {
         for (std::int32_t category = 1; category <= 11; ++category) next(category); // the last was never played
@@ -193,12 +184,12 @@ void Catalogue(benchmark::State &state, bool isKnown)
     TestStore store;
     WriteGameFolders(store.Folder(), GameFolders);
     BareStore bare(store);
-    LoadCatalogue();
+    LoadRecords();
     int commits = 0;
     BareStore::CountCommits(modMain::GetConnection().Handle(), commits);
     const auto ours = [&] {
         commits = 0;
-        LoadCatalogue();
+        LoadRecords();
     };
     const auto forget = [&] {
         if (!isKnown) bare.Execute("delete from Game; delete from Category");

@@ -3,22 +3,9 @@
 #include "domain/Store.h"
 #include "platform/Clock.h"
 #include "services/colSound.h"
+#include "tests/support/Records.h"
 
 #include <ostream>
-
-namespace
-{
-void ForgetRecords()
-{
-    modMain::CurrentPlayerGame.reset();
-    modMain::CurrentWorkout.reset();
-    modMain::CurrentGame.reset();
-    modMain::CurrentPlayer.reset();
-    modMain::Games.reset();
-    modMain::Categories.reset();
-    modMain::Players.reset();
-}
-} // namespace
 
 void PrintTo(const QString &Text, std::ostream *Out) { *Out << '"' << Text.toStdString() << '"'; }
 
@@ -46,15 +33,7 @@ QString DomainTest::GivenGame(const QString &Folder, const GameFile &Game)
     return m_folder.Write(Folder + QStringLiteral("/GameSettings.ini"), Game.Text());
 }
 
-void DomainTest::Start()
-{
-    modMain::Players = std::make_shared<colPlayer>();
-    modMain::Categories = std::make_shared<colCategory>();
-    modMain::Games = std::make_shared<colGame>();
-    modMain::Players->Load();
-    modMain::Categories->Load();
-    modMain::Games->Load();
-}
+void DomainTest::Start() { LoadRecords(); }
 
 void DomainTest::StartAgain()
 {

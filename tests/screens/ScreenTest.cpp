@@ -5,6 +5,7 @@
 #include "sdk/controls/TransLabel.h"
 #include "services/CResource.h"
 #include "services/colSound.h"
+#include "tests/support/Records.h"
 
 #include <QApplication>
 #include <QDir>
@@ -69,13 +70,7 @@ ScreenTest::~ScreenTest()
     m_Area.reset();
     SetClock({});
     modMain::Form = nullptr;
-    modMain::CurrentPlayerGame.reset();
-    modMain::CurrentWorkout.reset();
-    modMain::CurrentGame.reset();
-    modMain::CurrentPlayer.reset();
-    modMain::Games.reset();
-    modMain::Categories.reset();
-    modMain::Players.reset();
+    ForgetRecords();
     modMain::ShellSounds.reset();
     modMain::Resources.reset();
     modMain::Framework.reset();
@@ -91,12 +86,7 @@ void ScreenTest::GivenGame(const QString &Name, const QString &Category, const Q
 
 void ScreenTest::Start()
 {
-    modMain::Players = std::make_shared<colPlayer>();
-    modMain::Categories = std::make_shared<colCategory>();
-    modMain::Games = std::make_shared<colGame>();
-    modMain::Players->Load();
-    modMain::Categories->Load();
-    modMain::Games->Load();
+    LoadRecords();
     modMain::Categories->Load();
 }
 

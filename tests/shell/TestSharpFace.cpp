@@ -35,7 +35,7 @@ class SharpFace : public FaceTest
 protected:
     static QByteArray Lens(const QSize &size, QRgb colour)
     {
-        return Gif(size, {Magenta, colour}, [size](int x, int y) { return IsInLens(x, y, size) ? 1 : 0; });
+        return GifBytes(size, {Magenta, colour}, [size](int x, int y) { return IsInLens(x, y, size) ? 1 : 0; });
     }
     double Scale() const { return Window().devicePixelRatioF(); }
     bool IsHigh() const { return Scale() > 1; }
@@ -110,7 +110,7 @@ TEST_F(SharpFace, TheWindowIsAsLargeAsTheFrameAndScreensLieOnTheirPieceOfIt)
     // Columns of two colours show each shift.
     const auto stripes = [](int x, int y) { return y > 490 ? 0 : 1 + x / 20 % 2; };
     GivenSkin(QStringLiteral("Stripes"),
-              {{QStringLiteral("Frame.gif"), Gif(FrameSize, {Magenta, Blue, Green}, stripes)}});
+              {{QStringLiteral("Frame.gif"), GifBytes(FrameSize, {Magenta, Blue, Green}, stripes)}});
     StartWith(QStringLiteral("Stripes"));
     EXPECT_EQ(Window().size(), FrameSize);
     const QImage ground = Window().GameBackground();
@@ -132,14 +132,14 @@ TEST_F(SharpFace, TheWindowIsAsLargeAsTheFrameAndScreensLieOnTheirPieceOfIt)
 
 TEST_F(SharpFace, TakesSharperPicturesWhereASkinHasThemAndTheScreenCanUseThem)
 {
-    GivenSkin(QStringLiteral("Sharp"), {{QStringLiteral("VeryWideButton.gif"), Gif({120, 24}, Blue)},
-                                        {QStringLiteral("VeryWideButton@2x.gif"), Gif({240, 48}, Green)},
-                                        {QStringLiteral("ButtonBackground.gif"), Gif({180, 160}, Blue)},
-                                        {QStringLiteral("buttonbackground@2X.GIF"), Gif({360, 320}, Green)},
+    GivenSkin(QStringLiteral("Sharp"), {{QStringLiteral("VeryWideButton.gif"), GifBytes({120, 24}, Blue)},
+                                        {QStringLiteral("VeryWideButton@2x.gif"), GifBytes({240, 48}, Green)},
+                                        {QStringLiteral("ButtonBackground.gif"), GifBytes({180, 160}, Blue)},
+                                        {QStringLiteral("buttonbackground@2X.GIF"), GifBytes({360, 320}, Green)},
                                         {QStringLiteral("Frame.gif"), Lens(FrameSize, Blue)},
                                         {QStringLiteral("Frame@2x.gif"), Lens(FrameSize * 2, Green)},
-                                        {QStringLiteral("Extra.gif"), Gif({30, 20}, Blue)},
-                                        {QStringLiteral("Extra@2x.gif"), Gif({60, 40}, Green)}});
+                                        {QStringLiteral("Extra.gif"), GifBytes({30, 20}, Blue)},
+                                        {QStringLiteral("Extra@2x.gif"), GifBytes({60, 40}, Green)}});
     StartWith(QStringLiteral("Sharp"));
     const QRgb expected = IsHigh() ? Green : Blue;
     CSkin &skin = *modMain::CurrentSkin;
@@ -158,10 +158,10 @@ TEST_F(SharpFace, TakesSharperPicturesWhereASkinHasThemAndTheScreenCanUseThem)
 
 TEST_F(SharpFace, ASharperPictureOfAnotherSizeOrADamagedOneCountsAsNone)
 {
-    const QByteArray whole = Gif({240, 48}, Green);
-    GivenSkin(QStringLiteral("Wrong"), {{QStringLiteral("VeryWideButton.gif"), Gif({120, 24}, Blue)},
-                                        {QStringLiteral("VeryWideButton@2x.gif"), Gif({241, 48}, Green)},
-                                        {QStringLiteral("WideButton.gif"), Gif({120, 24}, Blue)},
+    const QByteArray whole = GifBytes({240, 48}, Green);
+    GivenSkin(QStringLiteral("Wrong"), {{QStringLiteral("VeryWideButton.gif"), GifBytes({120, 24}, Blue)},
+                                        {QStringLiteral("VeryWideButton@2x.gif"), GifBytes({241, 48}, Green)},
+                                        {QStringLiteral("WideButton.gif"), GifBytes({120, 24}, Blue)},
                                         {QStringLiteral("WideButton@2x.gif"), whole.left(whole.size() / 2)},
                                         {QStringLiteral("ButtonBackground@2x.gif"), "hello"},
                                         {QStringLiteral("Frame@2x.gif"), "hello"}});

@@ -133,7 +133,7 @@ TEST_F(SkinChange, WithAWhiteBackgroundGivesGamesPlainWhite)
 TEST_F(SkinChange, AGameAreaBeyondTheFrameKeepsNothingOfTheFormerSkin)
 {
     GivenColour(QStringLiteral("Blue"), Blue);
-    GivenSkin(QStringLiteral("Narrow"), {{QStringLiteral("Frame.gif"), Gif({300, 300}, Green)},
+    GivenSkin(QStringLiteral("Narrow"), {{QStringLiteral("Frame.gif"), GifBytes({300, 300}, Green)},
                                          {QStringLiteral("Skin.ini"), Positions(GameArea)}});
     StartWith(QStringLiteral("Blue"));
     ChangeTo(QStringLiteral("Narrow"));
@@ -165,7 +165,7 @@ TEST_F(SkinChange, AnOutlineTooFineForAWindowIsRefusedInWordsAndTheOldOneStays)
     GivenColour(QStringLiteral("Blue"), Blue);
     GivenSkin(QStringLiteral("Dithered"),
               {{QStringLiteral("Frame.gif"),
-                Gif({600, 400}, {0xffff00ff, Green}, [](int x, int y) { return (x + y + 1) % 2; })}});
+                GifBytes({600, 400}, {0xffff00ff, Green}, [](int x, int y) { return (x + y + 1) % 2; })}});
     StartWith(QStringLiteral("Blue"));
     const QRegion outline = Outline();
     const QImage shown = Shown();
@@ -185,7 +185,7 @@ TEST_F(SkinChange, AnOutlineTooFineForAWindowIsRefusedInWordsAndTheOldOneStays)
 
 TEST_F(SkinChange, AFrameOfTheKeyColourAloneShowsNothingRatherThanARectangle)
 {
-    GivenSkin(QStringLiteral("Nothing"), {{QStringLiteral("Frame.gif"), Gif({700, 500}, Green)}});
+    GivenSkin(QStringLiteral("Nothing"), {{QStringLiteral("Frame.gif"), GifBytes({700, 500}, Green)}});
     StartWith(QStringLiteral("Nothing"));
     EXPECT_FALSE(Outline().isEmpty()) << "an empty mask would be none";
     EXPECT_FALSE(Outline().intersects(Window().rect()));

@@ -70,42 +70,6 @@ bool SkinTest::Heard(const QString &name) const
     return Step([&] { modMain::ShellSounds->Remove(name); });
 }
 
-QByteArray SkinTest::Gif(int width, int height, QRgb colour)
-{
-    // Qt writes no GIF, so one is made by hand: two palette entries of the same colour, codes of three bits, and the
-    // dictionary cleared so often that no code grows.
-    QByteArray gif("GIF89a");
-    const auto word = [&](int value) { gif += char(value & 0xff), gif += char(value >> 8 & 0xff); };
-    word(width), word(height);
-    gif += QByteArray("\x80\x00\x00", 3);
-    for (int entry = 0; entry < 2; ++entry)
-        gif += char(qRed(colour)), gif += char(qGreen(colour)), gif += char(qBlue(colour));
-    gif += ',';
-    word(0), word(0), word(width), word(height);
-    gif += QByteArray("\x00\x02", 2);
-
-    QByteArray data;
-    quint32 bits = 0;
-    int count = 0;
-    const auto code = [&](quint32 value) {
-        bits |= value << count;
-        for (count += 3; count >= 8; count -= 8, bits >>= 8) data += char(bits & 0xff);
-    };
-    constexpr quint32 Clear = 4;
-    constexpr quint32 End = 5;
-    for (int pixel = 0; pixel < width * height; ++pixel) {
-        if (pixel % 2 == 0) code(Clear);
-        code(0);
-    }
-    code(End);
-    data += char(bits & 0xff);
-    for (qsizetype from = 0; from < data.size(); from += 255) {
-        const QByteArray block = data.mid(from, 255);
-        gif += char(block.size()) + block;
-    }
-    return gif + '\0' + ';';
-}
-
 void SkinTest::GivenSkin(const QString &name, const QByteArray &settings)
 {
     const QString folder = QStringLiteral("skins/") + name + u'/';

@@ -2,6 +2,7 @@
 // gives skins to controls.
 #pragma once
 
+#include "tests/support/GifBytes.h"
 #include "tests/support/RecordingFramework.h"
 #include "tests/support/TestFolder.h"
 
@@ -29,7 +30,10 @@ protected:
     /// The skin that is delivered under that name becomes the current one.
     void GivenDeliveredSkin(const QString &name);
     /// A GIF of one colour.
-    QByteArray Gif(int width, int height, QRgb colour = 0xff204060);
+    static QByteArray Gif(int width, int height, QRgb colour = 0xff204060)
+    {
+        return GifBytes({width, height}, colour);
+    }
     /// Whether an effect of the shell was played.
     bool Heard(const QString &name) const;
     void ForgetSounds();

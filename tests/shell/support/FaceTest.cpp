@@ -123,53 +123,10 @@ QStringList FaceTest::SkinNames()
     return names;
 }
 
-// Qt writes no GIF: codes of three bits, and the dictionary cleared so often that no code grows.
-QByteArray FaceTest::Gif(QSize Size, const QList<QRgb> &Colours, const std::function<int(int, int)> &ColourAt)
-{
-    QByteArray gif("GIF89a");
-    const auto word = [&gif](int value) { gif += char(value & 0xff), gif += char(value >> 8 & 0xff); };
-    word(Size.width()), word(Size.height());
-    gif += QByteArray("\x81\x00\x00", 3); // four colours
-    for (int entry = 0; entry < 4; ++entry) {
-        const QRgb colour = Colours.value(entry, 0);
-        gif += char(qRed(colour)), gif += char(qGreen(colour)), gif += char(qBlue(colour));
-    }
-    gif += ',';
-    word(0), word(0), word(Size.width()), word(Size.height());
-    gif += QByteArray("\x00\x02", 2);
-
-    QByteArray data;
-    quint32 bits = 0;
-    int count = 0;
-    const auto code = [&](quint32 value) {
-        bits |= value << count;
-        for (count += 3; count >= 8; count -= 8, bits >>= 8) data += char(bits & 0xff);
-    };
-    constexpr quint32 clear = 4, end = 5;
-    for (int y = 0, pixel = 0; y < Size.height(); ++y)
-        for (int x = 0; x < Size.width(); ++x, ++pixel) {
-            if (pixel % 2 == 0) code(clear);
-            code(static_cast<quint32>(ColourAt(x, y)));
-        }
-    code(end);
-    data += char(bits & 0xff);
-    for (qsizetype from = 0; from < data.size(); from += 255) {
-        const QByteArray block = data.mid(from, 255);
-        gif += char(block.size());
-        gif += block;
-    }
-    return gif + QByteArray("\x00;", 2);
-}
-
-QByteArray FaceTest::Gif(QSize Size, QRgb Colour)
-{
-    return Gif(Size, {Colour}, [](int, int) { return 0; });
-}
-
 QByteArray FaceTest::PlainFrame(QSize Size, QRgb Colour)
 {
     const QRect inside = QRect(QPoint(0, 0), Size).adjusted(10, 10, -10, -10);
-    return Gif(Size, {Key, Colour}, [&](int x, int y) { return inside.contains(x, y) ? 1 : 0; });
+    return GifBytes(Size, {Key, Colour}, [&](int x, int y) { return inside.contains(x, y) ? 1 : 0; });
 }
 
 QByteArray FaceTest::Positions(const QRect &GameArea)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tests/shell/support/RunningProgram.h"
+#include "tests/support/GifBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,6 @@
 #include <QMap>
 #include <QPointer>
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -41,9 +41,6 @@ protected:
     static QImage Frame();
     static QStringList SkinNames();
 
-    /// A GIF of up to four colours.
-    static QByteArray Gif(QSize Size, const QList<QRgb> &Colours, const std::function<int(int, int)> &ColourAt);
-    static QByteArray Gif(QSize Size, QRgb Colour);
     /// A frame of one colour on the key colour: a plain rectangle 10 pixels from the edges.
     static QByteArray PlainFrame(QSize Size, QRgb Colour);
     /// A skin's settings with the game area in the given place.

@@ -30,6 +30,8 @@
 #include "shell/StartUp.h"
 #include "shell/frmScore.h"
 
+#include "tests/support/Records.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -61,13 +63,7 @@ void CopyTree(const QString &Source, const QString &Name, const TestFolder &Fold
 void ForgetObjects()
 {
     using namespace modMain;
-    CurrentPlayerGame.reset();
-    CurrentWorkout.reset();
-    CurrentGame.reset();
-    CurrentPlayer.reset();
-    Games.reset();
-    Categories.reset();
-    Players.reset();
+    ForgetRecords();
     CurrentSkin.reset();
     Skins.reset();
     ShellSounds.reset();
