@@ -4,6 +4,7 @@
 #include "domain/colGame.h"
 #include "domain/colGamePlayed.h"
 #include "domain/colPlayer.h"
+#include "domain/upload/frmUpload.h"
 #include "platform/Convert.h"
 #include "platform/Dates.h"
 #include "screens/RowView.h"
@@ -12,6 +13,8 @@
 #include "shell/program/MainForm.h"
 #include "shell/program/modMain.h"
 #include "skin/ctlButtonPanel.h"
+
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -104,6 +107,14 @@ void ctlGameList::ChooseLevel(const QString &Key)
 {
     m_Level = ToInt32(LeadingNumber(Key));
     ShowBestTimes();
+}
+
+void ctlGameList::Upload()
+{
+    // A dialog that was closed in mid-run is still busy with its last result; another one would send that again.
+    if (m_Uploading) return;
+    const QScopedValueRollback<bool> uploading(m_Uploading, true);
+    frmUpload().ShowModal(this);
 }
 
 void ctlGameList::ShowBestTimes()

@@ -63,6 +63,7 @@ private:
     void ChooseCategory(const QString &Key);
     void ChooseGame(const QString &Key);
     void ChooseLevel(const QString &Key);
+    void Upload();
 
     TransLabel *lblTitle = nullptr;
     cTransPictureBox *lblCat = nullptr;
@@ -87,4 +88,5 @@ private:
     std::shared_ptr<CGame> m_Game;         // empty at first and after each change of category
     std::int32_t m_LevelCount = 1;
     std::int32_t m_Level = 0;
+    bool m_Uploading = false;
 };

@@ -7,6 +7,7 @@
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/cTransPictureBox.h"
 #include "shell/program/MainForm.h"
+#include "shell/program/Sites.h"
 #include "shell/program/modMain.h"
 #include "skin/ctlButtonPanel.h"
 
@@ -22,8 +23,6 @@ constexpr int PlayIndent = 18;                  // [px] of the buttons below the
 constexpr int TableTitle = 275, TableLine = 21; // [px]
 constexpr std::array LineTops{297, 322, 348, 373, 399};
 constexpr QColor LinkColour(0x0B, 0x4F, 0xA8);
-// The bare host name of the score site.
-const QString ScoreSite = QStringLiteral("scores.noggle.example");
 
 enum Words : std::int16_t {
     Title = 2001,
@@ -107,6 +106,7 @@ void ctlGameList::MakeButtons()
         Beep();
         if (m_Game && modMain::Form != nullptr) modMain::Form->Instructions(m_Game, m_Level);
     });
+    connect(butUpload, &LarkButton::clicked, this, [this] { Upload(); });
 }
 
 void ctlGameList::MakeTable()
@@ -133,7 +133,8 @@ void ctlGameList::MakeTable()
 
 void ctlGameList::MakeLinks()
 {
-    lblURL = PutLabel<TransLabel>(this, QStringLiteral("lblURL"), {140, 430, 150, 13}, ScoreSite, LinkFont, false);
+    lblURL = PutLabel<TransLabel>(this, QStringLiteral("lblURL"), {140, 430, 150, 13}, modMain::ScoreSite(), LinkFont,
+                                  false);
     lblNewGames = PutLabel<TransLabel>(this, QStringLiteral("lblNewGames"), {293, 430, 72, 13},
                                        QStringLiteral("for more games"), LinkFont, false);
     QFont underlined = lblURL->font();

@@ -5,6 +5,10 @@
 #include "screens/ctlGameList.h"
 #include "sdk/controls/LarkButton.h"
 #include "skin/ctlButtonPanel.h"
+#include "tests/support/HttpServer.h"
+
+#include <QApplication>
+#include <QTimer>
 
 namespace
 {
@@ -199,6 +203,72 @@ TEST_F(GameList, OnlineItemsAreShownOnlyOnline)
     list.OpenAddress = [&opened](const QString &address) { opened = address; };
     Click(S("lblURL"));
     EXPECT_EQ(opened, S("http://") + Text(S("lblURL")));
+}
+
+TEST_F(GameList, TheLinkIsTheScoreSiteOfTheSettingsElseTheOneBuiltIn)
+{
+    StartWithAnn();
+    modMain::SettingsFile = m_Store.Folder().Path() + S("Settings.ini");
+    Show();
+    EXPECT_EQ(Text(S("lblURL")), S("scores.noggle.example.org"));
+    EXPECT_FALSE(m_Store.Folder().Exists(S("Settings.ini"))) << "nothing is written by asking";
+    delete m_List;
+    m_Store.Folder().Write(S("Settings.ini"), "[Settings]\r\nScoreSite=brain.example.org:8080\r\n");
+    Show();
+    EXPECT_EQ(Text(S("lblURL")), S("brain.example.org:8080"));
+    modMain::SettingsFile.clear();
+}
+
+TEST_F(GameList, UploadOpensTheDialogOverTheScreenAndMakesNoSound)
+{
+    StartWithAnn();
+    modMain::Online = true;
+    Show();
+    TakeSounds();
+    bool wasOpen = false;
+    QTimer::singleShot(0, m_List, [&] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        wasOpen = dialog->objectName() == S("frmUpload");
+        QTest::mouseClick(dialog->findChild<LarkButton *>(S("butOK")), Qt::LeftButton);
+    });
+    Click(S("butUpload"));
+    EXPECT_TRUE(wasOpen);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(TakeSounds(), 0);
+}
+
+TEST_F(GameList, UploadOpensNoSecondDialogWhileTheFirstIsBusyThoughClosed)
+{
+    StartWithAnn();
+    modMain::Online = true;
+    HttpServer site(
+        [](int, const QByteArray &) { return HttpServer::Reply{.Bytes = HttpServer::Ok(), .IsHeld = true}; });
+    modMain::SettingsFile = m_Store.Folder().Write(
+        S("Settings.ini"), "[Settings]\r\nEmail=a@example.org\r\nScoreSite=" + site.Host().toUtf8() + "\r\n");
+    Practised(S("Arrows"), 80, 60);
+    Show();
+    bool wasTried = false;
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, [&] {
+        QWidget *const dialog = QApplication::activeModalWidget();
+        if (dialog != nullptr && site.Count() == 1) {
+            QTest::mouseClick(dialog->findChild<LarkButton *>(S("butOK")), Qt::LeftButton);
+            Click(S("butUpload"));
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+            wasTried = true;
+            site.Release();
+        }
+    });
+    hand.start(5);
+    QTimer::singleShot(0, m_List, [] {
+        QTest::mouseClick(QApplication::activeModalWidget()->findChild<LarkButton *>(S("butUpload")), Qt::LeftButton);
+    });
+    Click(S("butUpload"));
+    EXPECT_TRUE(wasTried);
+    EXPECT_EQ(site.Count(), 1);
+    EXPECT_TRUE(modMain::CurrentPlayer->GamesPlayed().Item(1)->Uploaded);
+    modMain::SettingsFile.clear();
 }
 
 TEST_F(GameList, FortyGamesAndTwentyLevelsLeaveButtonsAndTableInReach)
