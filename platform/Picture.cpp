@@ -1,6 +1,7 @@
 #include "platform/Picture.h"
 
 #include "platform/Files.h"
+#include "platform/PlainGif.h"
 #include "platform/RuntimeError.h"
 #include "platform/WholePicture.h"
 
@@ -17,16 +18,29 @@ constexpr int LargestPicture = LargestSide / 1024 * LargestSide / 1024 * 4; // [
     throw RuntimeError(481, {}, QStringLiteral("Invalid picture: %1 (%2)").arg(Name, Reason));
 }
 
+// A format that is named is read by its own reader alone. Where it has to be found out, every reader there is gets
+// loaded to be asked.
+QByteArray FormatOf(const QByteArray &Bytes)
+{
+    if (Bytes.startsWith("GIF8")) return "gif";
+    if (Bytes.startsWith("\xFF\xD8")) return "jpeg";
+    if (Bytes.startsWith("\x89PNG")) return "png";
+    return {};
+}
 } // namespace
 
 QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
 {
+    const QImage plain = PlainGif(Bytes);
+    if (!plain.isNull()) return plain;
     if (!IsWholePicture(Bytes)) Fail(NameForErrors, QStringLiteral("the file is cut short"));
     QBuffer buffer;
     buffer.setData(Bytes);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
+    const QByteArray format = FormatOf(Bytes);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(format.isEmpty());
+    reader.setDecideFormatFromContent(format.isEmpty());
     QImageReader::setAllocationLimit(LargestPicture);
     const QSize size = reader.size();
     if (size.width() > LargestSide || size.height() > LargestSide) Fail(NameForErrors, QStringLiteral("too large"));

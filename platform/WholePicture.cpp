@@ -1,53 +1,12 @@
 #include "platform/WholePicture.h"
 
+#include "platform/ByteReader.h"
+
 #include <array>
 #include <optional>
 
 namespace
 {
-// Reads on from the start; behind the end every byte is 0 and the reader is no longer good.
-class ByteReader
-{
-public:
-    explicit ByteReader(const QByteArray &Bytes) : m_Bytes(Bytes) {}
-    bool IsGood() const { return m_At <= m_Bytes.size(); }
-    int Byte()
-    {
-        const qsizetype at = m_At++;
-        return at < m_Bytes.size() ? static_cast<unsigned char>(m_Bytes[at]) : 0;
-    }
-    int LittleWord()
-    {
-        const int low = Byte();
-        return low | Byte() << 8;
-    }
-    int BigWord()
-    {
-        const int high = Byte();
-        return high << 8 | Byte();
-    }
-    void Skip(qsizetype count) { m_At += count; }
-    QByteArray Take(qsizetype count)
-    {
-        const QByteArray taken = m_Bytes.mid(m_At, count);
-        Skip(count);
-        return taken;
-    }
-    bool Finds(const char *mark) const { return m_Bytes.indexOf(mark, m_At) >= 0; }
-
-private:
-    const QByteArray &m_Bytes;
-    qsizetype m_At = 0;
-};
-
-// Data come in blocks of up to 255 bytes, each after its length; the length 0 ends them.
-QByteArray TakeBlocks(ByteReader &reader)
-{
-    QByteArray data;
-    for (int length = reader.Byte(); length != 0; length = reader.Byte()) data += reader.Take(length);
-    return data;
-}
-
 // The colours of a palette, by the flags of the screen or the frame.
 void SkipPalette(ByteReader &reader, int flags)
 {
@@ -126,7 +85,7 @@ bool IsWholeFrame(ByteReader &reader)
     SkipPalette(reader, reader.Byte());
     const int rootBits = reader.Byte();
     if (rootBits < 1 || rootBits > 8) return false;
-    const QByteArray data = TakeBlocks(reader);
+    const QByteArray data = reader.TakeBlocks();
     return PixelCount(rootBits).Of(data) >= width * height;
 }
 
@@ -141,7 +100,7 @@ bool IsWholeGif(const QByteArray &Bytes)
         switch (reader.Byte()) {
         case '!':
             reader.Skip(1);
-            TakeBlocks(reader);
+            reader.TakeBlocks();
             break;
         case ',':
             return IsWholeFrame(reader);

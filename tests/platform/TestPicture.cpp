@@ -1,9 +1,13 @@
+#include "platform/Files.h"
 #include "platform/Picture.h"
+#include "platform/PlainGif.h"
 #include "platform/RuntimeError.h"
 
 #include "tests/support/TestFolder.h"
 
 #include <QBuffer>
+#include <QDirIterator>
+#include <QImageReader>
 
 #include <gtest/gtest.h>
 
@@ -61,6 +65,13 @@ QByteArray SmallJpeg() { return Saved(QSize(40, 30), "JPG"); }
 
 QImage Read(const QByteArray &bytes) { return PictureFromData(bytes, QStringLiteral("a.gif")); }
 
+QImage ReadUsually(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return QImageReader(&buffer, "gif").read().convertToFormat(QImage::Format_RGB32);
+}
+
 bool Fails(const QByteArray &bytes)
 {
     try {
@@ -103,6 +114,51 @@ TEST(Picture, AGifWithTooFewPixelsFails)
 {
     EXPECT_TRUE(Fails(Gif(3, 3, Pixels)));
     EXPECT_TRUE(Fails(Gif(65535, 65535, Pixels)));
+}
+
+// Those of the skins are large, of many colours, and interlaced or not.
+TEST(Picture, APlainGifIsReadAsTheUsualReaderReadsIt)
+{
+    int compared = 0;
+    QDirIterator files(QStringLiteral(NOGGLE_SKINS), {QStringLiteral("*.gif")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QByteArray bytes = ReadFile(files.next());
+        EXPECT_EQ(PlainGif(bytes), ReadUsually(bytes)) << qPrintable(files.fileName());
+        ++compared;
+    }
+    EXPECT_GT(compared, 20);
+    EXPECT_EQ(PlainGif(SmallGif()), ReadUsually(SmallGif()));
+}
+
+TEST(Picture, RowsOfAnInterlacedGifStandInTheirOrder)
+{
+    QByteArray gif = Gif(1, 9, QByteArray("\1\1\2\3\3\0\2\0\2", 9)); // rows 0, 8, 4, 2, 6, 1, 3, 5, 7
+    gif[gif.indexOf(',') + 9] = '\x40';
+    const QImage picture = Read(gif);
+    EXPECT_EQ(picture, ReadUsually(gif));
+    EXPECT_EQ(picture.pixel(0, 8), qRgb(0, 0, 255));
+    EXPECT_EQ(picture.pixel(0, 4), qRgb(0x10, 0x20, 0x30));
+    EXPECT_EQ(picture.pixel(0, 1), qRgb(255, 0, 255));
+}
+
+TEST(Picture, AFrameWithColoursOfItsOwnIsReadInThem)
+{
+    QByteArray gif = SmallGif();
+    const qsizetype flags = gif.indexOf(',') + 9;
+    gif[flags] = '\x81';
+    gif.insert(flags + 1, QByteArray("\1\2\3\4\5\6\7\x8\x9\xA\xB\xC", 12));
+    EXPECT_EQ(Read(gif).pixel(1, 0), qRgb(4, 5, 6));
+    EXPECT_EQ(Read(gif), ReadUsually(gif));
+}
+
+TEST(Picture, AFrameThatIsSmallerThanThePictureIsReadUsually)
+{
+    QByteArray gif = SmallGif();
+    gif[6] = '\5';
+    EXPECT_TRUE(PlainGif(gif).isNull());
+    EXPECT_EQ(Read(gif), ReadUsually(gif));
+    EXPECT_EQ(Read(gif).size(), QSize(5, 2));
 }
 
 TEST(Picture, AJpegIsRead)
