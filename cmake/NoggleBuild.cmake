@@ -13,6 +13,9 @@ target_compile_options(noggle_build INTERFACE
 target_compile_definitions(noggle_build INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060000)
 
+# What nothing is called of is not loaded at each start: Qt's own settings would name the OpenGL libraries.
+add_link_options(LINKER:--as-needed)
+
 if(NOGGLE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

@@ -4,6 +4,9 @@ set(NOGGLE_DIST ${CMAKE_BINARY_DIR}/dist)
 file(MAKE_DIRECTORY ${NOGGLE_DIST})
 add_custom_target(dist ALL)
 
+# Where programs look for the library that they load with their first chart: beside themselves, or, as tests, here.
+set(CMAKE_BUILD_RPATH "$ORIGIN" ${NOGGLE_DIST})
+
 # noggle_dist_file(SOURCE PATH-IN-DIST): copied whenever the source is newer. The name of a helper target
 # is made from the path.
 function(noggle_dist_file source path)

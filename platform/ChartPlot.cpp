@@ -64,6 +64,8 @@ ChartPlot::ChartPlot(LarkChart *Chart) : m_Chart(*Chart), m_Plot(new QCustomPlot
 {
     m_Plot->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_Plot->setFocusPolicy(Qt::NoFocus);
+    m_Plot->lower(); // the empty text lies on it
+    m_Plot->show();  // the chart may be on the screen already
     m_Plot->setAutoAddPlottableToLegend(false);
     m_Plot->setAntialiasedElements(QCP::aeAll);
     m_Plot->setNotAntialiasedElements(QCP::aeAxes | QCP::aeGrid);
@@ -323,3 +325,5 @@ void ChartPlot::DrawNote()
     note->setPadding(QMargins(6, 3, 6, 3));
     note->setText(QStringLiteral("Ø %1").arg(m_MeanOf));
 }
+
+extern "C" Q_DECL_EXPORT ChartSurface *MakeChartPlot(LarkChart *Chart) { return new ChartPlot(Chart); }

@@ -1,36 +1,32 @@
-// How a LarkChart gets onto the screen: with `ChartLines` the one place that knows the plotting
-// library.
+// How a LarkChart gets onto the screen: with `ChartLines` the one place that knows the plotting library, and all that
+// is in the library beside the program. Of the chart it uses fields and what is inline or virtual, since the library is
+// linked without it.
 #pragma once
 
 #include "platform/ChartScale.h"
+#include "platform/ChartSurface.h"
 
 #include <QFont>
 #include <QMargins>
-#include <QPointF>
-#include <QRect>
 #include <QSize>
 
 #include <cstddef>
 #include <vector>
 
-class LarkChart;
 class QCPGraph;
 class QCustomPlot;
 struct ChartSeries;
 
-class ChartPlot
+class ChartPlot final : public ChartSurface
 {
 public:
-    /// The surface is a child of the chart, and lets the mouse through to it.
     explicit ChartPlot(LarkChart *Chart);
 
-    /// Draws settings and series of the chart in its present size.
-    void Draw();
-
-    QRect Area() const; // [px]
-    QPointF PlaceOf(double X, double Y) const;
-    double YFrom() const { return m_Y.From; }
-    double YTo() const { return m_Y.To; }
+    void Draw() override;
+    QRect Area() const override;
+    QPointF PlaceOf(double X, double Y) const override;
+    double YFrom() const override { return m_Y.From; }
+    double YTo() const override { return m_Y.To; }
 
 private:
     struct Key

@@ -1,7 +1,7 @@
 #include "platform/LarkChart.h"
 
-#include "platform/ChartPlot.h"
 #include "platform/ChartScale.h"
+#include "platform/ChartSurface.h"
 #include "platform/Colour.h"
 #include "platform/Dates.h"
 
@@ -48,7 +48,6 @@ LarkChart::LarkChart(QWidget *Parent)
       chartfont(BoldFont(ChartPoints)),
       xaxisfont(BoldFont(AxisPoints)),
       yaxisfont(BoldFont(AxisPoints)),
-      m_Plot(std::make_unique<ChartPlot>(this)),
       m_Empty(new QLabel(this))
 {
     static const bool told = [] {
@@ -79,7 +78,7 @@ void LarkChart::Clear() { m_Series.clear(); }
 
 void LarkChart::Redraw()
 {
-    m_Drawn = true;
+    if (!m_Plot) m_Plot = MakeChartSurface(this);
     m_Plot->Draw();
     ShowEmptyText();
     setAccessibleDescription(Description());
@@ -102,17 +101,10 @@ void LarkChart::ShowEmptyText()
     m_Empty->setVisible(!HasPoint() && !emptytext.isEmpty());
 }
 
-QRect LarkChart::PlotArea() const { return m_Plot->Area(); }
-QPointF LarkChart::PlaceOf(double X, double Y) const { return m_Plot->PlaceOf(X, Y); }
-double LarkChart::YFrom() const { return m_Plot->YFrom(); }
-double LarkChart::YTo() const { return m_Plot->YTo(); }
-
-std::size_t LarkChart::Count(const ChartSeries &Series) { return std::min(Series.X.size(), Series.Y.size()); }
-
-double LarkChart::Along(const ChartSeries &Series, std::size_t Position) const
-{
-    return evenspacing ? static_cast<double>(Position + 1) : Series.X[Position];
-}
+QRect LarkChart::PlotArea() const { return m_Plot ? m_Plot->Area() : QRect(); }
+QPointF LarkChart::PlaceOf(double X, double Y) const { return m_Plot ? m_Plot->PlaceOf(X, Y) : QPointF(); }
+double LarkChart::YFrom() const { return m_Plot ? m_Plot->YFrom() : 0; }
+double LarkChart::YTo() const { return m_Plot ? m_Plot->YTo() : 0; }
 
 QString LarkChart::LabelAt(double Along) const
 {
@@ -168,7 +160,7 @@ QString LarkChart::TipAt(const QPoint &Place) const
 
 bool LarkChart::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip || !m_Drawn) return QWidget::event(event);
+    if (event->type() != QEvent::ToolTip || !m_Plot) return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     QToolTip::showText(help->globalPos(), TipAt(help->pos()), this);
     return true;
@@ -177,7 +169,7 @@ bool LarkChart::event(QEvent *event)
 void LarkChart::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    if (m_Drawn) Redraw();
+    if (m_Plot) Redraw();
 }
 
 void LarkChart::mousePressEvent(QMouseEvent *event) { m_Pressed = event->button() == Qt::LeftButton; }

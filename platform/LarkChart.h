@@ -7,11 +7,13 @@
 #include <QString>
 #include <QWidget>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-class ChartPlot;
+class ChartSurface;
 class QLabel;
 
 // One line. X and Y belong together by their place; what the longer one has beyond the other is not used.
@@ -94,10 +96,10 @@ public:
     const std::vector<std::unique_ptr<ChartSeries>> &AllSeries() const { return m_Series; }
     /// Forgets all series.
     void Clear();
-    /// Shows settings and series as they are now.
+    /// Shows settings and series as they are now. Failure: passed on, where the chart's library is missing.
     void Redraw();
 
-    /// [px] The area between the axes, as drawn last.
+    /// [px] The area between the axes, as drawn last. Empty, and all places and scales 0, before the first Redraw.
     QRect PlotArea() const;
     /// [px] Where a point was drawn, or would have been; with evenspacing, X is its number.
     QPointF PlaceOf(double X, double Y) const;
@@ -106,11 +108,14 @@ public:
     double YTo() const;
 
     /// How many points a series has.
-    static std::size_t Count(const ChartSeries &Series);
+    static std::size_t Count(const ChartSeries &Series) { return std::min(Series.X.size(), Series.Y.size()); }
     /// Where a point stands on the X axis, its position counting from 0.
-    double Along(const ChartSeries &Series, std::size_t Position) const;
+    double Along(const ChartSeries &Series, std::size_t Position) const
+    {
+        return evenspacing ? static_cast<double>(Position + 1) : Series.X[Position];
+    }
     /// What is written at a place of the X axis; empty where nothing stands.
-    QString LabelAt(double Along) const;
+    virtual QString LabelAt(double Along) const;
 
 Q_SIGNALS:
     void Click();
@@ -128,8 +133,7 @@ private:
     QString Description() const;
 
     std::vector<std::unique_ptr<ChartSeries>> m_Series;
-    std::unique_ptr<ChartPlot> m_Plot;
+    std::unique_ptr<ChartSurface> m_Plot; // empty before the first Redraw
     QLabel *m_Empty;
-    bool m_Drawn = false;
     bool m_Pressed = false;
 };
