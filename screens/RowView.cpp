@@ -26,12 +26,8 @@ int BottomOf(const QWidget *Sheet)
 }
 } // namespace
 
-RowView::RowView(QWidget *Screen) : QWidget(Screen), m_Sheet(new QWidget(this)), m_Bar(new QScrollBar(this))
+RowView::RowView(QWidget *Screen) : QWidget(Screen), m_Sheet(new QWidget(this))
 {
-    m_Bar->setStyleSheet(ScrollBarLook());
-    m_Bar->setSingleStep(RowStep);
-    m_Bar->hide();
-    connect(m_Bar, &QScrollBar::valueChanged, this, [this] { PlaceSheet(); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { FollowFocus(now); });
 }
 
@@ -44,35 +40,58 @@ void RowView::SetWindow(const QRect &Window)
     Fit();
 }
 
+// Made for the first rows that are too many: few lists ever are, and a bar with a look of its own takes time.
+void RowView::MakeBar()
+{
+    m_Bar = new QScrollBar(this);
+    m_Bar->setStyleSheet(ScrollBarLook());
+    m_Bar->setSingleStep(RowStep);
+    connect(m_Bar, &QScrollBar::valueChanged, this, [this] { PlaceSheet(); });
+}
+
+int RowView::Scrolled() const { return m_Bar != nullptr ? m_Bar->value() : 0; }
+
 void RowView::Fit()
 {
     const int beyond = BottomOf(m_Sheet) - (y() + height());
+    const bool needed = beyond > 0;
+    if (needed && m_Bar == nullptr) MakeBar();
+    if (m_Bar != nullptr) FitBar(beyond);
+    m_Sheet->resize(x() + width(), std::max(y() + height(), BottomOf(m_Sheet)));
+    PlaceSheet();
+}
+
+void RowView::FitBar(int beyond)
+{
     const bool needed = beyond > 0;
     m_Bar->setRange(0, needed ? beyond + Foot : 0);
     m_Bar->setPageStep(std::max(RowStep, height()));
     m_Bar->setGeometry(width() - BarWidth, 0, BarWidth, height());
     m_Bar->setVisible(needed);
     m_Bar->raise();
-    m_Sheet->resize(x() + width(), std::max(y() + height(), BottomOf(m_Sheet)));
-    PlaceSheet();
 }
 
-void RowView::ToTop() { m_Bar->setValue(0); }
+void RowView::ScrollTo(int value)
+{
+    if (m_Bar != nullptr) m_Bar->setValue(value);
+}
+
+void RowView::ToTop() { ScrollTo(0); }
 
 void RowView::Show(const QWidget *Row)
 {
     const int top = Row->mapTo(m_Sheet, QPoint()).y() - y();
     const int bottom = top + Row->height();
-    if (top < m_Bar->value()) m_Bar->setValue(top);
-    if (bottom > m_Bar->value() + height()) m_Bar->setValue(bottom - height() + Foot);
+    if (top < Scrolled()) ScrollTo(top);
+    if (bottom > Scrolled() + height()) ScrollTo(bottom - height() + Foot);
 }
 
-void RowView::PlaceSheet() { m_Sheet->move(-x(), -y() - m_Bar->value()); }
+void RowView::PlaceSheet() { m_Sheet->move(-x(), -y() - Scrolled()); }
 
 void RowView::wheelEvent(QWheelEvent *event)
 {
-    if (m_Bar->maximum() == 0) return event->ignore();
-    m_Bar->setValue(m_Bar->value() - event->angleDelta().y() * 3 * RowStep / WheelNotch);
+    if (m_Bar == nullptr || m_Bar->maximum() == 0) return event->ignore();
+    ScrollTo(Scrolled() - event->angleDelta().y() * 3 * RowStep / WheelNotch);
     event->accept();
 }
 

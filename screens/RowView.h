@@ -34,7 +34,11 @@ protected:
 private:
     void FollowFocus(const QWidget *Now);
     void PlaceSheet();
+    void MakeBar();
+    void FitBar(int beyond); // [px] what the rows need more than there is
+    void ScrollTo(int value);
+    int Scrolled() const; // [px]
 
     QWidget *m_Sheet;
-    QScrollBar *m_Bar;
+    QScrollBar *m_Bar = nullptr; // until there are too many rows
 };

@@ -21,8 +21,9 @@ Screen::Screen(QWidget *Container) : QWidget(Container) {}
 void Screen::CopyBackground()
 {
     m_OwnGround = true;
-    const QImage ground = modMain::Form == nullptr ? QImage() : modMain::Form->GameBackground();
-    m_Background = ground.isNull() || size().isEmpty() ? QImage() : PartOf(ground, geometry());
+    m_Ground = modMain::Form == nullptr ? QImage() : modMain::Form->GameBackground();
+    m_Place = geometry();
+    m_Part = QImage();
     update();
 }
 
@@ -30,10 +31,14 @@ void Screen::paintEvent(QPaintEvent *)
 {
     if (!m_OwnGround) return;
     QPainter painter(this);
-    if (m_Background.isNull())
+    if (m_Ground.isNull() || m_Place.isEmpty()) {
         painter.fillRect(rect(), PlainGround);
-    else
-        painter.drawImage(0, 0, m_Background);
+    } else if (m_Ground.devicePixelRatio() == 1) {
+        painter.drawImage(QPoint(0, 0), m_Ground, m_Place);
+    } else {
+        if (m_Part.isNull()) m_Part = PartOf(m_Ground, m_Place); // which begins between two points, perhaps
+        painter.drawImage(0, 0, m_Part);
+    }
 }
 
 void Screen::resizeEvent(QResizeEvent *event)

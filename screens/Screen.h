@@ -34,7 +34,9 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QImage m_Background;
+    QImage m_Ground;          // the whole game area's, as it was when it was copied; shared with the main window
+    QRect m_Place;            // of the screen in it
+    QImage m_Part;            // what lies there, where the display has a scale
     bool m_OwnGround = false; // a screen that never copied lets the game area show through
     int m_ScaleMode = 3;
 };

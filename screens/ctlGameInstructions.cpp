@@ -33,7 +33,6 @@ void StyleText(QTextEdit *box)
     box->setTabChangesFocus(true);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
     box->setFocusPolicy(Qt::StrongFocus); // the keys scroll it
-    box->setStyleSheet(BoxLook + ScrollBarLook());
 }
 
 // A game whose folder has gone has no path, and no instructions: a bare file name would be looked for wherever the
@@ -88,6 +87,7 @@ void ctlGameInstructions::ShowInstructions(const std::shared_ptr<CGame> &Game)
     if (Game->TimeLimit != 0) time.replace(TimeMark, QString::number(Game->TimeLimit));
     lblTimeAllowed->SetCaption(time);
 
+    if (txtInstructions->styleSheet().isEmpty()) txtInstructions->setStyleSheet(BoxLook + ScrollBarLook());
     auto text = RichText::Load(InstructionsOf(*Game), font());
     text->setDocumentMargin(PageMargin);
     text->setParent(txtInstructions);

@@ -3,6 +3,7 @@
 #include "sdk/controls/Caption.h"
 #include "sdk/controls/Look.h"
 
+#include <QCache>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLinearGradient>
@@ -28,6 +29,17 @@ const PlainLook PlainDown{QColor(0x9FB9C4), QColor(0xBCD0D8), QColor(0x2B4650)};
 
 bool IsEnter(const QKeyEvent &Key) { return Key.key() == Qt::Key_Return || Key.key() == Qt::Key_Enter; }
 
+// The buttons of all screens share a few pictures of the skin.
+QImage Keyed(const QImage &Picture)
+{
+    constexpr int MostKept = 32;
+    static QCache<qint64, QImage> known(MostKept);
+    if (const QImage *keyed = known.object(Picture.cacheKey())) return *keyed;
+    const QImage keyed = Look::WithoutKeyColour(Picture);
+    if (!keyed.isNull()) known.insert(Picture.cacheKey(), new QImage(keyed));
+    return keyed;
+}
+
 double RadiusOf(const QRect &Place) { return std::min(MaxRadius, Place.height() / 2.0 - 1); }
 
 void DrawPlain(QPainter &Painter, const QRect &Place, const PlainLook &Look)
@@ -52,14 +64,14 @@ LarkButton::LarkButton(QWidget *Container) : QAbstractButton(Container)
 void LarkButton::SetPictureUp(const QImage &Picture)
 {
     m_PictureUp = Picture;
-    m_KeyedUp = Look::WithoutKeyColour(Picture);
+    m_KeyedUp = Keyed(Picture);
     update();
 }
 
 void LarkButton::SetPictureDown(const QImage &Picture)
 {
     m_PictureDown = Picture;
-    m_KeyedDown = Look::WithoutKeyColour(Picture);
+    m_KeyedDown = Keyed(Picture);
     update();
 }
 

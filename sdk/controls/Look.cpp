@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace
@@ -30,9 +31,21 @@ double Linear(double Channel)
     return Channel <= 0.04045 ? Channel / 12.92 : std::pow((Channel + 0.055) / 1.055, 2.4);
 }
 
+// A colour has 256 steps and a picture thousands of pixels: each power is taken once.
+double LinearOf(int Step)
+{
+    static const auto steps = [] {
+        std::array<double, 256> made{};
+        for (int step = 0; step < 256; ++step)
+            made[static_cast<std::size_t>(step)] = Linear(QColor(step, 0, 0).redF());
+        return made;
+    }();
+    return steps[static_cast<std::size_t>(Step)];
+}
+
 double Luminance(const QColor &Colour)
 {
-    return 0.2126 * Linear(Colour.redF()) + 0.7152 * Linear(Colour.greenF()) + 0.0722 * Linear(Colour.blueF());
+    return 0.2126 * LinearOf(Colour.red()) + 0.7152 * LinearOf(Colour.green()) + 0.0722 * LinearOf(Colour.blue());
 }
 
 double Contrast(double One, double Other) { return (std::max(One, Other) + 0.05) / (std::min(One, Other) + 0.05); }
