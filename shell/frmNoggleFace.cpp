@@ -126,7 +126,7 @@ void frmNoggle::SetSkin(const std::shared_ptr<CSkin> &Skin)
     QCoreApplication::processEvents();
 
     PaintGameBackground();
-    m_GameBackground = picPrint->Surface().copy();
+    m_GameBackground = picPrint->Surface(); // shared until either is drawn on
     ctlButtonPanel1->SetSkin();
     ctlGameInstructions1->SkinUp();
     ctlGameList1->SkinUp();
@@ -152,7 +152,7 @@ void frmNoggle::PaintGameBackground()
         QPainter painter(&picPrint->Surface());
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(-picPrint->pos(), m_FramePicture);
-        painter.drawImage(-picPrint->pos(), Face());
+        if (devicePixelRatioF() != 1) painter.drawImage(-picPrint->pos(), Face()); // unscaled they are alike
     }
     update();
     picPrint->Refresh();

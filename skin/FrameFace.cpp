@@ -20,19 +20,29 @@ void GrowInto(QImage &picture, int row, const Region::Run &run, const QRgb *colo
         if (qAlpha(pixel[x]) == 0) pixel[x] = colours[std::clamp(x, run.Start, run.End - 1)];
 }
 
-// The picture where the outline is, its colours grown by one pixel all around, and clear elsewhere.
-QImage Inside(const Region &outline, const QImage &frame)
+const QRgb *ColoursOf(const QImage &plain, const Region::Run &run)
 {
-    const QImage plain = frame.convertToFormat(QImage::Format_RGB32);
-    QImage inside(frame.size(), QImage::Format_ARGB32_Premultiplied);
+    return reinterpret_cast<const QRgb *>(plain.constScanLine(run.Row));
+}
+
+// The picture where the outline is, and clear elsewhere.
+QImage CutOut(const Region &outline, const QImage &plain)
+{
+    QImage inside(plain.size(), QImage::Format_ARGB32_Premultiplied);
     inside.fill(Qt::transparent);
-    const auto colours = [&](const Region::Run &run) {
-        return reinterpret_cast<const QRgb *>(plain.constScanLine(run.Row));
-    };
+    for (const Region::Run &run : outline.Runs()) {
+        const QRgb *const colours = ColoursOf(plain, run);
+        std::copy(colours + run.Start, colours + run.End, RowOf(inside, run.Row) + run.Start);
+    }
+    return inside;
+}
+
+// The same with its colours grown by one pixel all around.
+QImage Inside(const Region &outline, const QImage &plain)
+{
+    QImage inside = CutOut(outline, plain);
     for (const Region::Run &run : outline.Runs())
-        std::copy(colours(run) + run.Start, colours(run) + run.End, RowOf(inside, run.Row) + run.Start);
-    for (const Region::Run &run : outline.Runs())
-        for (const int row : {run.Row, run.Row - 1, run.Row + 1}) GrowInto(inside, row, run, colours(run));
+        for (const int row : {run.Row, run.Row - 1, run.Row + 1}) GrowInto(inside, row, run, ColoursOf(plain, run));
     return inside;
 }
 
@@ -71,6 +81,8 @@ QRegion InDevicePixels(const QRegion &Outline, double Scale)
 QImage FaceOf(const Region &Outline, const QImage &Frame, const QImage &Sharp, double Scale)
 {
     if (Frame.isNull()) return {};
+    const QImage plain = Frame.convertToFormat(QImage::Format_RGB32);
+    if (Scale == 1) return CutOut(Outline, plain); // nothing is mixed
     const QSize size = (QSizeF(Frame.size()) * Scale).toSize();
     QImage face(size, QImage::Format_ARGB32_Premultiplied);
     face.fill(Qt::transparent);
@@ -78,7 +90,7 @@ QImage FaceOf(const Region &Outline, const QImage &Frame, const QImage &Sharp, d
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setClipRegion(InDevicePixels(Outline.Rgn(), Scale));
     const QRectF place(QPointF(0, 0), QSizeF(Frame.size()) * Scale);
-    painter.drawImage(place, Inside(Outline, Frame));
+    painter.drawImage(place, Inside(Outline, plain));
     const bool isSharper = Scale > 1 && Sharp.width() > Frame.width();
     if (isSharper) painter.drawImage(place, WithoutKey(Sharp), Sharp.rect());
     painter.end();

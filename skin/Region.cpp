@@ -28,6 +28,7 @@ void Region::ScanPicture(const QImage &Picture, std::int32_t &TransColour)
     for (int row = 0; row < m_DIB.Height(); ++row) // rows of the picture, top down; the bits begin at the bottom
         ScanRow(bits + std::ptrdiff_t{m_DIB.Height() - 1 - row} * m_DIB.BytesPerScanLine(), row, TransColour);
     BuildRgn();
+    m_DIB = cDIBSection(); // as large as the picture
 }
 
 void Region::ScanRow(const std::uint8_t *bits, int row, std::int32_t key)
