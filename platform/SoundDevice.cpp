@@ -12,6 +12,7 @@
 #endif
 
 #include <algorithm>
+#include <future>
 
 namespace
 {
@@ -65,10 +66,23 @@ const std::vector<ALCint> LoopbackAttributes{ALC_FORMAT_CHANNELS_SOFT,
                                              ALC_FALSE,
                                              0};
 
-std::shared_ptr<SoundLine> LineOf(ALCdevice *device, const std::vector<ALCint> &attributes)
+// On any thread. The library makes room for many effects at once and clears it, which is what takes long.
+OpenedSound Opened(ALCdevice *device, const std::vector<ALCint> &attributes)
+{
+    if (device == nullptr) return {};
+    if (ALCcontext *const context = alcCreateContext(device, attributes.data())) return {device, context};
+    alcCloseDevice(device);
+    return {};
+}
+
+OpenedSound OpenedDefault() { return Opened(OpenDefaultDevice(), RealAttributes); }
+
+std::future<OpenedSound> ahead; // what Prepare began to open
+
+std::shared_ptr<SoundLine> LineOf(const OpenedSound &opened)
 {
     std::shared_ptr<SoundLine> line;
-    if (device != nullptr) Step([&] { line = std::make_shared<SoundLine>(device, attributes); });
+    if (opened.Device != nullptr) Step([&] { line = std::make_shared<SoundLine>(opened); });
     return line;
 }
 } // namespace
@@ -77,15 +91,22 @@ SoundDevice::SoundDevice(std::shared_ptr<SoundLine> line) : m_Line(std::move(lin
 
 SoundDevice::~SoundDevice() { m_Line->Close(); }
 
+void SoundDevice::Prepare() { ahead = std::async(std::launch::async, OpenedDefault); }
+
+void SoundDevice::ForgetPrepared()
+{
+    if (ahead.valid()) LineOf(ahead.get()); // whose end closes it
+}
+
 std::unique_ptr<SoundDevice> SoundDevice::OpenDefault()
 {
-    auto line = LineOf(OpenDefaultDevice(), RealAttributes);
+    auto line = LineOf(ahead.valid() ? ahead.get() : OpenedDefault());
     return line ? std::unique_ptr<SoundDevice>(new SoundDevice(std::move(line))) : nullptr;
 }
 
 std::unique_ptr<SoundDevice> SoundDevice::OpenLoopback()
 {
-    auto line = LineOf(OpenLoopbackDevice(), LoopbackAttributes);
+    auto line = LineOf(Opened(OpenLoopbackDevice(), LoopbackAttributes));
     return line ? std::unique_ptr<SoundDevice>(new SoundDevice(std::move(line))) : nullptr;
 }
 
@@ -106,17 +127,16 @@ void SoundDevice::SetRestAfter(int Milliseconds) { m_Line->SetRestAfter(Millisec
 
 bool SoundDevice::IsResting() const { return m_Line->IsResting(); }
 
-SoundLine::SoundLine(ALCdevice *device, const std::vector<ALCint> &attributes)
-    : m_Device(device), m_Context(alcCreateContext(device, attributes.data()))
+SoundLine::SoundLine(const OpenedSound &Opened) : m_Device(Opened.Device), m_Context(Opened.Context)
 {
     m_Rest.setInterval(HalfAMinute);
     m_Rest.setSingleShot(true);
     QObject::connect(&m_Rest, &QTimer::timeout, [this] { RestUnlessPlaying(); });
-    if (m_Context != nullptr && Reach()) {
+    if (Reach()) {
         Wake();
         return;
     }
-    if (m_Context != nullptr) alcDestroyContext(m_Context);
+    alcDestroyContext(m_Context);
     alcCloseDevice(m_Device);
     throw RuntimeError(QStringLiteral("The sound device can't be used."));
 }

@@ -16,6 +16,11 @@ class SoundLine;
 class SoundDevice
 {
 public:
+    /// Begins to open the default device on a thread of its own; the next OpenDefault waits for it and takes it. Not
+    /// before the application object is made, which changes the process's environment.
+    static void Prepare();
+    /// Closes what was prepared and not taken.
+    static void ForgetPrepared();
     /// The desktop's default device, or empty where there is none.
     static std::unique_ptr<SoundDevice> OpenDefault();
     /// A device that plays into memory and has no clock: it moves only as Render asks. For tests. Or empty.

@@ -13,11 +13,18 @@
 
 class SoundBuffer;
 
+/// A device and its context; both empty where there is none.
+struct OpenedSound
+{
+    ALCdevice *Device = nullptr;
+    ALCcontext *Context = nullptr;
+};
+
 class SoundLine
 {
 public:
-    /// Takes over the device. Failure: passed on, when it gives no context; the device is closed then.
-    SoundLine(ALCdevice *device, const std::vector<ALCint> &attributes);
+    /// Takes over the device. Failure: passed on, when the context can't be used; both are closed then.
+    explicit SoundLine(const OpenedSound &Opened);
     ~SoundLine() { Close(); }
     SoundLine(const SoundLine &) = delete;
     SoundLine &operator=(const SoundLine &) = delete;

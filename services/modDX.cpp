@@ -31,6 +31,11 @@ void TellOfNone()
 }
 } // namespace
 
+void modDX::PrepareSound()
+{
+    if (inUse == nullptr) Step([] { SoundDevice::Prepare(); });
+}
+
 void modDX::InitSound(QWidget *Form)
 {
     if (inUse == nullptr) {
@@ -55,4 +60,5 @@ void modDX::EndSound()
     inUse = nullptr;
     toldOfNone = false;
     owner.device.reset();
+    SoundDevice::ForgetPrepared();
 }

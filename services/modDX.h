@@ -6,6 +6,9 @@ class SoundDevice;
 
 namespace modDX
 {
+/// Begins to look for the default device, on a thread of its own; InitSound waits for it. Failure: ignored step by
+/// step.
+void PrepareSound();
 /// Opens the default device; without one the plain message box says so, once. Form owns the device's window.
 /// Failure: ignored step by step.
 void InitSound(QWidget *Form);

@@ -69,17 +69,19 @@ void MakeShellSounds()
 
 void OpenMainWindow()
 {
+    UseInterfaceFont(); // nothing before it writes, but the box that tells of a failure
     MainWindow = std::make_unique<frmNoggle>();
     MainWindow->Init([] { Splash.reset(); });
 }
 
 using StartStep = void (*)();
 
+// Fonts and sound device take longest to be found; that goes on beside the other steps until they are needed.
 // The language module is named before the splash takes its picture from it, the sound device is bound to the splash
 // since no other window exists yet, and the skins are checked against the screen. Step numbers are what support staff
 // is told; they count from 1.
 constexpr std::array<StartStep, 12> StartSteps{
-    [] { UseInterfaceFont(); },
+    [] { LookForInterfaceFont(), modDX::PrepareSound(); },
     [] { Resources = std::make_shared<CResource>(), Framework = std::make_shared<CShellFramework>(); },
     [] { CheckScreen(); },
     [] { SettingsFile = ProgramFolder() + QStringLiteral("Settings.ini"); },
@@ -109,8 +111,9 @@ bool RunSteps(const std::array<StartStep, Count> &Steps, const QString &Message)
         for (const StartStep step : Steps) ++number, step();
         return true;
     } catch (...) {
-        ShowPlainBox(Message + QString::number(number) + QStringLiteral("\r\n") +
-                     DescriptionOf(std::current_exception()));
+        const std::exception_ptr failure = std::current_exception();
+        UseInterfaceFont();
+        ShowPlainBox(Message + QString::number(number) + QStringLiteral("\r\n") + DescriptionOf(failure));
         return false;
     }
 }
