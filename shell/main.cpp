@@ -1,3 +1,5 @@
+#include "platform/Memory.h"
+
 #include "shell/GuardedApplication.h"
 #include "shell/StartUp.h"
 
@@ -18,6 +20,7 @@ void PreferX11()
 
 int main(int argc, char *argv[])
 {
+    PrepareMemory();
     PreferX11();
     GuardedApplication application(argc, argv);
     const int code = modMain::Main() ? GuardedApplication::exec() : EXIT_FAILURE;
