@@ -34,11 +34,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDirIterator>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -210,6 +213,7 @@ void RunningProgram::PressKey(Qt::Key Key) const
 
 void RunningProgram::Poll()
 {
+    if (m_LeftAlone) return;
     // A timer of its own for each look: one that repeats does not come while its own handler still runs a loop.
     QTimer::singleShot(PollInterval, &m_Polling, [this] { Poll(); });
     TakePlainBox();
@@ -218,6 +222,31 @@ void RunningProgram::Poll()
     const Answer first = m_Awaited.front();
     m_Awaited.erase(m_Awaited.begin());
     if (!first()) m_Awaited.insert(m_Awaited.begin(), first);
+}
+
+int RunningProgram::WakesWithin(int Milliseconds)
+{
+    m_LeftAlone = true;
+    Turn(2 * PollInterval); // what was still to come of the tests' own comes now
+    QEventLoop loop;
+    QTimer::singleShot(Milliseconds, Qt::CoarseTimer, &loop, &QEventLoop::quit);
+    QCoreApplication::processEvents(); // a timer that is new wakes the dispatcher once
+    int wakes = 0;
+    const auto counting = QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake,
+                                           &loop, [&wakes] { ++wakes; });
+    loop.exec();
+    QObject::disconnect(counting);
+    m_LeftAlone = false;
+    Poll();
+    return wakes - 1; // the end of the while
+}
+
+bool RunningProgram::ComesToRest()
+{
+    constexpr int While = 1200; // [ms] more than twice the slowest timer that repeats
+    for (int look = 0; look < Patience / While; ++look)
+        if (WakesWithin(While) <= 0) return true;
+    return false;
 }
 
 void RunningProgram::TakePlainBox()

@@ -86,6 +86,12 @@ public:
     /// Lets the program run until it is so, for some seconds at most. Answer: whether it came to be so.
     static bool Until(const std::function<bool()> &IsSo);
 
+    /// Lets the program alone for that time; nothing of the tests wakes it. Answer: how often something of its own
+    /// did. [ms]
+    int WakesWithin(int Milliseconds);
+    /// Waits, for some seconds at most, for a while in which nothing wakes the program. Answer: whether it came.
+    bool ComesToRest();
+
     /// The rows of a statement, values in column order.
     QList<QVariantList> Rows(const QString &Sql) const;
     /// The first value of the first row, as text.
@@ -126,5 +132,6 @@ private:
     QElapsedTimer m_SinceStart;
     double m_Offset = 0; // [s] added to the machine's clock
     bool m_InStart = false;
+    bool m_LeftAlone = false;
     int m_Looks = 0; // at the clock, during the start
 };
