@@ -32,6 +32,26 @@ constexpr double Widening = 1.22; // a lantern is wider than it is high
 
 const QColor Flame(0xff, 0xf3, 0xb0);
 const QColor Paper(0xff, 0xc1, 0x45);
+
+// Around the painter's origin.
+void PaintLight(QPainter &painter, double reach, double glow)
+{
+    QRadialGradient light(QPointF(), reach);
+    light.setColorAt(0, QColor(0xff, 0xc8, 0x4a, static_cast<int>(190 * glow)));
+    light.setColorAt(1, QColor(0xff, 0xc8, 0x4a, 0));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(light);
+    painter.drawEllipse(QPointF(), reach, reach);
+}
+
+void PaintFlame(QPainter &painter, double half, double glow)
+{
+    painter.setOpacity(glow);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Flame);
+    painter.drawEllipse(QPointF(0, half * 0.08), half * 0.24, half * 0.42);
+    painter.setOpacity(1);
+}
 } // namespace
 
 LanternArea::LanternArea(QWidget *Container) : GameCanvas(Design, Container) {}
@@ -222,34 +242,38 @@ void LanternArea::PaintCords(QPainter &painter) const
     }
 }
 
-// A paper lantern: two caps, a round body with ribs, and when it burns a flame and its light around it.
 void LanternArea::PaintLantern(QPainter &painter, int lantern) const
 {
     const QRectF place = PlaceOf(lantern);
     const double size = std::min(place.width() * 0.62, place.height() * 0.84);
+    const double half = size / 2;
     const double glow = Glow(lantern);
-    const bool awake = m_Part == Part::Play;
-
     painter.save();
     painter.translate(place.center());
-    if (glow > 0) {
-        QRadialGradient light(QPointF(), size);
-        light.setColorAt(0, QColor(0xff, 0xc8, 0x4a, static_cast<int>(190 * glow)));
-        light.setColorAt(1, QColor(0xff, 0xc8, 0x4a, 0));
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(light);
-        painter.drawEllipse(QPointF(), size, size);
+    if (glow > 0) PaintLight(painter, size, glow);
+    PaintBody(painter, half, m_Part == Part::Play && m_Over == lantern, glow);
+    if (glow > 0) PaintFlame(painter, half, glow);
+    if (m_RingSeen && lantern == m_Ring && Running()) {
+        const double wide = half * Widening;
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen({Colours().text, 3.5});
+        painter.drawRoundedRect(QRectF(-wide - 8, -half - 5, 2 * wide + 16, size + 10), 16, 16);
     }
-    const double half = size / 2;
+    painter.restore();
+}
+
+// A paper lantern: two caps and a round body with ribs, around the painter's origin.
+void LanternArea::PaintBody(QPainter &painter, double half, bool isUnderPointer, double glow) const
+{
     const double wide = half * Widening;
-    const QRectF body(-wide, -half * 0.8, 2 * wide, size * 0.8);
-    const QRectF cap(-half * 0.45, -half, half * 0.9, size);
+    const QRectF body(-wide, -half * 0.8, 2 * wide, half * 1.6);
+    const QRectF cap(-half * 0.45, -half, half * 0.9, half * 2);
     painter.setPen({Colours().faint, 2});
     painter.setBrush(Colours().faint);
     painter.drawRoundedRect(cap, 4, 4);
 
     QColor paper = Colours().well;
-    if (awake && m_Over == lantern && glow <= 0) paper = Dark() ? paper.lighter(150) : paper.darker(106);
+    if (isUnderPointer && glow <= 0) paper = Dark() ? paper.lighter(150) : paper.darker(106);
     painter.setBrush(paper);
     painter.drawEllipse(body);
     if (glow > 0) {
@@ -262,19 +286,6 @@ void LanternArea::PaintLantern(QPainter &painter, int lantern) const
     painter.setPen({glow > 0 ? Paper.darker(150) : Colours().keyEdge, 1.6});
     painter.drawEllipse(QRectF(-wide * 0.62, body.top(), wide * 1.24, body.height()));
     painter.drawEllipse(QRectF(-wide * 0.22, body.top(), wide * 0.44, body.height()));
-    if (glow > 0) {
-        painter.setOpacity(glow);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(Flame);
-        painter.drawEllipse(QPointF(0, half * 0.08), half * 0.24, half * 0.42);
-        painter.setOpacity(1);
-    }
-    if (m_RingSeen && lantern == m_Ring && Running()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen({Colours().text, 3.5});
-        painter.drawRoundedRect(QRectF(-wide - 8, -half - 5, 2 * wide + 16, size + 10), 16, 16);
-    }
-    painter.restore();
 }
 
 // The numbers of the order to press; after a mistake this is the moment to learn from it.

@@ -40,6 +40,7 @@ private:
 
     void PaintCords(QPainter &painter) const;
     void PaintLantern(QPainter &painter, int lantern) const;
+    void PaintBody(QPainter &painter, double half, bool isUnderPointer, double glow) const;
     void PaintOrder(QPainter &painter) const;
     void PaintFoot(QPainter &painter) const;
     const GameColours &Colours() const { return GameColours::For(Dark()); }

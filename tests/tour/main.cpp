@@ -37,6 +37,21 @@ QWidget *ShownSplash()
     std::_Exit(EXIT_FAILURE);
 }
 
+void Live(int Day, Story &Told, Hands &Person)
+{
+    try {
+        Day == 1 ? Told.DayOne() : Told.DayTwo();
+    } catch (...) {
+        const QString reason = DescriptionOf(std::current_exception());
+        try {
+            Person.Picture(QStringLiteral("failure"));
+        } catch (...) {
+            // what the screen looked like must then be guessed
+        }
+        Fail(reason);
+    }
+}
+
 int Usage()
 {
     QTextStream(stderr) << "noggle_tour PROGRAM-FOLDER PICTURE-FOLDER DAY FIRST-PICTURE SECONDS-TO-PLAY-A-GAME\n";
@@ -69,19 +84,7 @@ int main(int argc, char *argv[])
             clock.MoveOn(LongerThanTheHold);
     };
 
-    std::thread life([&] {
-        try {
-            day == 1 ? story.DayOne() : story.DayTwo();
-        } catch (...) {
-            const QString reason = DescriptionOf(std::current_exception());
-            try {
-                hands.Picture(QStringLiteral("failure"));
-            } catch (...) {
-                // what the screen looked like must then be guessed
-            }
-            Fail(reason);
-        }
-    });
+    std::thread life([&] { Live(day, story, hands); });
     if (!modMain::Main()) Fail(QStringLiteral("The program did not start."));
     const int code = GuardedApplication::exec();
     life.join();

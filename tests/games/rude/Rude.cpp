@@ -101,6 +101,39 @@ void CallEverything(CNoggleFramework &framework)
     Tell("rudeLateInfo", framework.PlayerGameInfo(1));
 }
 
+// No owner: fires when the game itself has been deleted long since.
+void CallsLate(RudeGame &game)
+{
+    QTimer::singleShot(30, qApp, [framework = game.Framework] { CallEverything(*framework); });
+}
+
+QVariant ThrowsANumber(RudeGame &, const QString &cmd)
+{
+    if (cmd == u"framework") return {};
+    throw 42;
+}
+
+void EndsTwice(RudeGame &game)
+{
+    game.End();
+    game.End();
+}
+
+void EndsInsideOwnLoop(RudeGame &game)
+{
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [&] { game.End(); });
+    QTimer::singleShot(50, &loop, &QEventLoop::quit);
+    loop.exec();
+    Tell("rudeCameBack", game.InHandler);
+}
+
+void DeletesItself(RudeGame &game)
+{
+    game.InHandler = 0;
+    game.deleteLater();
+}
+
 // Opens a dialog and waits in a loop of its own; afterwards it still uses itself.
 void WaitsInDialog(RudeGame &game)
 {
@@ -158,38 +191,17 @@ const std::map<QString, Verb> &Classes()
         {QStringLiteral("RudeThrowsOnTimeUp"), Throws(QStringLiteral("timeup"))},
         {QStringLiteral("RudeThrowsOnScore"), Throws(QStringLiteral("score"))},
         {QStringLiteral("RudeThrowsOnUnload"), Throws(QStringLiteral("unload"))},
-        {QStringLiteral("RudeThrowsANumber"),
-         [](RudeGame &, const QString &cmd) -> QVariant {
-             if (cmd == u"framework") return {};
-             throw 42;
-         }},
+        {QStringLiteral("RudeThrowsANumber"), ThrowsANumber},
         {QStringLiteral("RudeEndsOnStart"), On(QStringLiteral("start"), [](RudeGame &game) { game.End(); })},
         {QStringLiteral("RudeEndsOnKey"), On(QStringLiteral("keypress"), [](RudeGame &game) { game.End(); })},
-        {QStringLiteral("RudeEndsTwice"), On(QStringLiteral("keypress"),
-                                             [](RudeGame &game) {
-                                                 game.End();
-                                                 game.End();
-                                             })},
+        {QStringLiteral("RudeEndsTwice"), On(QStringLiteral("keypress"), EndsTwice)},
         {QStringLiteral("RudeEndsOnTimeUp"), On(QStringLiteral("timeup"), [](RudeGame &game) { game.End(); })},
         {QStringLiteral("RudeEndsOnScore"), On(QStringLiteral("score"), [](RudeGame &game) { game.End(); })},
         {QStringLiteral("RudeEndsOnUnload"), On(QStringLiteral("unload"), [](RudeGame &game) { game.End(); })},
-        {QStringLiteral("RudeEndsInsideOwnLoop"), On(QStringLiteral("keypress"),
-                                                     [](RudeGame &game) {
-                                                         QEventLoop loop;
-                                                         QTimer::singleShot(0, &loop, [&] { game.End(); });
-                                                         QTimer::singleShot(50, &loop, &QEventLoop::quit);
-                                                         loop.exec();
-                                                         Tell("rudeCameBack", game.InHandler);
-                                                     })},
+        {QStringLiteral("RudeEndsInsideOwnLoop"), On(QStringLiteral("keypress"), EndsInsideOwnLoop)},
         {QStringLiteral("RudeCallsOnUnload"),
          On(QStringLiteral("unload"), [](RudeGame &game) { CallEverything(*game.Framework); })},
-        {QStringLiteral("RudeCallsLate"), On(QStringLiteral("unload"),
-                                             [](RudeGame &game) {
-                                                 // no owner: fires when the game itself has been deleted long since
-                                                 QTimer::singleShot(30, qApp, [framework = game.Framework] {
-                                                     CallEverything(*framework);
-                                                 });
-                                             })},
+        {QStringLiteral("RudeCallsLate"), On(QStringLiteral("unload"), CallsLate)},
         {QStringLiteral("RudeScoresNothing"), Answers(QVariant())},
         {QStringLiteral("RudeScoresText"), Answers(QStringLiteral("80 points"))},
         {QStringLiteral("RudeScoresWords"), Answers(QStringLiteral("plenty"))},
@@ -197,11 +209,7 @@ const std::map<QString, Verb> &Classes()
         {QStringLiteral("RudeScoresHalf"), Answers(2.5)},
         {QStringLiteral("RudeScoresNegative"), Answers(-30)},
         {QStringLiteral("RudeScoresAList"), Answers(QVariantList{1, 2, 3})},
-        {QStringLiteral("RudeDeletesItself"), On(QStringLiteral("keypress"),
-                                                 [](RudeGame &game) {
-                                                     game.InHandler = 0;
-                                                     game.deleteLater();
-                                                 })},
+        {QStringLiteral("RudeDeletesItself"), On(QStringLiteral("keypress"), DeletesItself)},
         {QStringLiteral("RudeWaitsInDialog"), On(QStringLiteral("keypress"), WaitsInDialog)},
         {QStringLiteral("RudeWaitsInLoop"), On(QStringLiteral("keypress"), WaitsInLoop)},
         {QStringLiteral("RudeAsksInBox"), On(QStringLiteral("keypress"), AsksInBox)},
