@@ -27,7 +27,7 @@ public:
     void Skip(qsizetype count) { m_At += count; }
     QByteArray Take(qsizetype count)
     {
-        const QByteArray taken = m_Bytes.mid(m_At, count);
+        QByteArray taken = m_Bytes.mid(m_At, count);
         Skip(count);
         return taken;
     }

@@ -89,7 +89,7 @@ QByteArray ReadFile(const QString &Path)
 {
     QFile file(Path);
     if (!file.open(QIODevice::ReadOnly)) FailWith(file);
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) FailWith(file);
     return bytes;
 }

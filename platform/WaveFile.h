@@ -16,7 +16,7 @@ struct WaveSound
 };
 
 /// The largest file that is read, and the most that its samples may take in memory: six minutes at 44100 Hz.
-constexpr qint64 MaxWaveBytes = 64 * 1024 * 1024; // [bytes]
+constexpr qint64 MaxWaveBytes = 64LL * 1024 * 1024; // [bytes]
 
 /// Chunks may stand in any order; unknown ones are skipped. A file that breaks off gives what there is of it.
 /// Failure: passed on, when there is no sound in the bytes, too much of it, or one in another format.

@@ -11,7 +11,7 @@ namespace
 void SkipPalette(ByteReader &reader, int flags)
 {
     constexpr int HasPalette = 0x80;
-    if (flags & HasPalette) reader.Skip(3 * (2 << (flags & 7)));
+    if (flags & HasPalette) reader.Skip(qsizetype{3} * (2 << (flags & 7)));
 }
 
 // The codes of a frame's data, from 3 to 12 bits wide. Only the number of pixels that each one stands for is kept.

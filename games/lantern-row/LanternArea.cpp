@@ -193,8 +193,9 @@ QRectF LanternArea::PlaceOf(int lantern) const
 {
     const double width = Garden.width() / m_Rules->Columns();
     const double height = Garden.height() / m_Rules->Rows();
-    return {Garden.left() + lantern % m_Rules->Columns() * width,
-            Garden.top() + lantern / m_Rules->Columns() * height, width, height};
+    const int column = lantern % m_Rules->Columns();
+    const int row = lantern / m_Rules->Columns();
+    return {Garden.left() + column * width, Garden.top() + row * height, width, height};
 }
 
 std::optional<int> LanternArea::LanternAt(QPointF place) const
