@@ -80,9 +80,10 @@ QImage Frame(const QSize &size)
 int PixelsOfKey(const QImage &picture)
 {
     int count = 0;
+    const int width = picture.width(); // not asked for each pixel, or the floor would be a staircase
     for (int y = 0; y < picture.height(); ++y) {
         const QRgb *pixel = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
-        for (int x = 0; x < picture.width(); ++x) count += pixel[x] == Key ? 1 : 0;
+        for (int x = 0; x < width; ++x) count += pixel[x] == Key ? 1 : 0;
     }
     return count;
 }

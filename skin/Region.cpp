@@ -1,18 +1,48 @@
 #include "skin/Region.h"
 
-#include "platform/Colour.h"
 #include "platform/RuntimeError.h"
 
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
 {
-constexpr int BytesPerPixel = 3;
+constexpr int FirstSteps = 8; // pixels looked at one by one: runs of a fine outline end soon
+constexpr int Block = 64;     // pixels looked at together
 
-// The first byte is blue here, taken as red. Key and pixel are read alike, so they still agree.
-std::int32_t ColourAt(const std::uint8_t *pixel) { return ColourBytes(pixel[0], pixel[1], pixel[2]); }
+// A colour as scan and key have it: red and blue have changed places against other colours here, which makes it the
+// number of the pixel itself. The uppermost byte does not count.
+std::int32_t ColourOf(QRgb pixel) { return static_cast<std::int32_t>(pixel & RGB_MASK); }
+
+// Whether one of the pixels has the key colour, or one has another. Without a branch in it, so that the compiler
+// compares many pixels at once.
+template <bool Keyed>
+bool BlockHas(const QRgb *pixels, QRgb key)
+{
+    QRgb found = 0;
+    for (int i = 0; i < Block; ++i) {
+        const QRgb difference = (pixels[i] & RGB_MASK) ^ key;
+        if constexpr (Keyed)
+            found |= difference == 0 ? 1U : 0U;
+        else
+            found |= difference;
+    }
+    return found != 0;
+}
+
+// The first pixel from x on that has the key colour, or that has another one; last where there is none.
+template <bool Keyed>
+int FirstOf(const QRgb *row, int x, int last, std::int32_t key)
+{
+    const auto isFound = [&] { return (ColourOf(row[x]) == key) == Keyed; };
+    for (const int soon = std::min(x + FirstSteps, last); x < soon; ++x)
+        if (isFound()) return x;
+    while (x + Block <= last && !BlockHas<Keyed>(row + x, static_cast<QRgb>(key))) x += Block;
+    while (x < last && !isFound()) ++x;
+    return x;
+}
 
 int HalfToEven(int length) { return static_cast<int>(std::nearbyint(length / 2.0)); }
 } // namespace
@@ -22,23 +52,21 @@ void Region::ScanPicture(const QImage &Picture, std::int32_t &TransColour)
     m_Runs.clear();
     m_Rgn = QRegion();
     m_DIB.CreateFromPicture(Picture);
-    const std::uint8_t *bits = m_DIB.DIBSectionBitsPtr();
-    if (bits == nullptr) return;
-    if (TransColour == UseCorner) TransColour = ColourAt(bits);
-    for (int row = 0; row < m_DIB.Height(); ++row) // rows of the picture, top down; the bits begin at the bottom
-        ScanRow(bits + std::ptrdiff_t{m_DIB.Height() - 1 - row} * m_DIB.BytesPerScanLine(), row, TransColour);
+    const QRgb *bottom = m_DIB.PixelsOf(0);
+    if (bottom == nullptr) return;
+    if (TransColour == UseCorner) TransColour = ColourOf(*bottom);
+    for (int row = 0; row < m_DIB.Height(); ++row) // rows of the picture, top down; the section begins at the bottom
+        ScanRow(m_DIB.PixelsOf(m_DIB.Height() - 1 - row), row, TransColour);
     BuildRgn();
     m_DIB = cDIBSection(); // as large as the picture
 }
 
-void Region::ScanRow(const std::uint8_t *bits, int row, std::int32_t key)
+void Region::ScanRow(const QRgb *pixels, int row, std::int32_t key)
 {
     const int last = m_DIB.Width() - 1; // where the scan stops, without taking the pixel in
-    const auto isKey = [&](int x) { return ColourAt(bits + std::ptrdiff_t{x} * BytesPerPixel) == key; };
     for (int x = 0; x < last; ++x) {
-        while (x < last && isKey(x)) ++x;
-        const int start = x;
-        while (x < last && !isKey(x)) ++x;
+        const int start = FirstOf<false>(pixels, x, last, key);
+        x = FirstOf<true>(pixels, start, last, key);
         if (start < x) m_Runs.push_back({row, start, x}); // an empty run would change nothing
     }
 }
@@ -79,7 +107,7 @@ void Region::OffsetHeader(int BorderStyle, const QSize &Window, const QSize &Ins
     m_Rgn.translate(side, top);
 }
 
-void Region::ApplyRgn(QWidget &Window) const
+void Region::Check() const
 {
     if (m_Rgn.rectCount() > MostRectangles)
         throw RuntimeError(
@@ -87,6 +115,11 @@ void Region::ApplyRgn(QWidget &Window) const
                            "the most. Draw it without dithering at its edge.")
                 .arg(m_Rgn.rectCount())
                 .arg(MostRectangles));
+}
+
+void Region::ApplyRgn(QWidget &Window) const
+{
+    Check();
     // An empty mask would mean no mask; one pixel that lies outside the window shows nothing of it.
     Window.setMask(m_Rgn.isEmpty() ? QRegion(-1, -1, 1, 1) : m_Rgn);
 }

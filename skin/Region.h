@@ -34,8 +34,10 @@ public:
     /// Moves the region from client to window coordinates, for a form with a border: BorderStyle is not 0. Sizes in
     /// pixels, the whole window's and that of its inside.
     void OffsetHeader(int BorderStyle, const QSize &Window, const QSize &Inside);
+    /// Failure: passed on, in words, when the outline is finer than window systems can take.
+    void Check() const;
     /// Gives the window this outline. An empty region shows nothing of the window, not the whole of it.
-    /// Failure: passed on, when the outline is finer than window systems can take; the window keeps its own.
+    /// Failure: passed on, as of Check; the window keeps its own.
     void ApplyRgn(QWidget &Window) const;
 
     const QRegion &Rgn() const { return m_Rgn; }
@@ -43,7 +45,7 @@ public:
     const std::vector<Run> &Runs() const { return m_Runs; }
 
 private:
-    void ScanRow(const std::uint8_t *bits, int row, std::int32_t key);
+    void ScanRow(const QRgb *pixels, int row, std::int32_t key);
     void BuildRgn();
 
     QRegion m_Rgn;

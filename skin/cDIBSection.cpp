@@ -1,7 +1,6 @@
 #include "skin/cDIBSection.h"
 
 #include <algorithm>
-#include <new>
 
 namespace
 {
@@ -11,14 +10,23 @@ constexpr int BytesPerPixel = 3;
 
 std::int32_t cDIBSection::BytesPerScanLine() const { return (m_tBI.biWidth * BytesPerPixel + 3) & ~3; }
 
+bool cDIBSection::FillHeader(std::int32_t width, std::int32_t height)
+{
+    if (width <= 0 || height <= 0) return false;
+    if (height > LargestBitmap / (std::int64_t{width} * BytesPerPixel + 3)) return false;
+    m_tBI.biWidth = width;
+    m_tBI.biHeight = height;
+    m_tBI.biSizeImage = static_cast<std::uint32_t>(height) * static_cast<std::uint32_t>(BytesPerScanLine());
+    return true;
+}
+
+void cDIBSection::TakeMemory() const { m_Bits.assign(m_tBI.biSizeImage, 0); }
+
 bool cDIBSection::CreateDIB(std::int32_t Width, std::int32_t Height)
 {
-    if (Width <= 0 || Height <= 0) return false;
-    if (Height > LargestBitmap / (std::int64_t{Width} * BytesPerPixel + 3)) return false;
-    m_tBI.biWidth = Width;
-    m_tBI.biHeight = Height;
-    m_tBI.biSizeImage = static_cast<std::uint32_t>(Height) * static_cast<std::uint32_t>(BytesPerScanLine());
-    m_Bits.assign(m_tBI.biSizeImage, 0);
+    if (!FillHeader(Width, Height)) return false;
+    m_Picture = QImage();
+    TakeMemory();
     return true;
 }
 
@@ -30,21 +38,28 @@ bool cDIBSection::Create(std::int32_t Width, std::int32_t Height)
 
 void cDIBSection::CreateFromPicture(const QImage &Picture)
 {
-    if (Create(Picture.width(), Picture.height())) LoadPictureBlt(Picture);
+    ClearUp();
+    if (!FillHeader(Picture.width(), Picture.height())) return;
+    m_Picture = Picture.convertToFormat(QImage::Format_RGB32); // a transparent pixel counts with its colour
 }
 
 void cDIBSection::LoadPictureBlt(const QImage &Source, std::int32_t SrcX, std::int32_t SrcY, std::int32_t Width,
                                  std::int32_t Height)
 {
+    if (DIBSectionBitsPtr() == nullptr) return;
+    m_Picture = QImage(); // the bits are no longer it
     if (Width < 0) Width = m_tBI.biWidth;
     if (Height < 0) Height = m_tBI.biHeight;
     const QRect wanted = QRect(SrcX, SrcY, std::min(Width, m_tBI.biWidth), std::min(Height, m_tBI.biHeight));
-    const QRect part = wanted & Source.rect();
-    const QImage plain = Source.convertToFormat(QImage::Format_RGB32); // a transparent pixel counts with its colour
+    Write(Source.convertToFormat(QImage::Format_RGB32), wanted & Source.rect(), {SrcX, SrcY});
+}
+
+void cDIBSection::Write(const QImage &plain, const QRect &part, const QPoint &from) const
+{
     for (int y = part.top(); y <= part.bottom(); ++y) {
-        const int row = m_tBI.biHeight - 1 - (y - SrcY); // bottom row first
+        const int row = m_tBI.biHeight - 1 - (y - from.y()); // bottom row first
         std::uint8_t *byte = m_Bits.data() + std::size_t(row) * std::size_t(BytesPerScanLine()) +
-                             std::size_t(part.left() - SrcX) * BytesPerPixel;
+                             std::size_t(part.left() - from.x()) * BytesPerPixel;
         const QRgb *pixel = reinterpret_cast<const QRgb *>(plain.constScanLine(y)) + part.left();
         for (int x = 0; x < part.width(); ++x, ++pixel) {
             *byte++ = static_cast<std::uint8_t>(qBlue(*pixel));
@@ -54,8 +69,24 @@ void cDIBSection::LoadPictureBlt(const QImage &Source, std::int32_t SrcX, std::i
     }
 }
 
+const std::uint8_t *cDIBSection::DIBSectionBitsPtr() const
+{
+    if (m_Bits.empty() && !m_Picture.isNull()) {
+        TakeMemory();
+        Write(m_Picture, m_Picture.rect(), {});
+    }
+    return m_Bits.empty() ? nullptr : m_Bits.data();
+}
+
+const QRgb *cDIBSection::PixelsOf(std::int32_t Row) const
+{
+    if (Row < 0 || Row >= m_Picture.height()) return nullptr;
+    return reinterpret_cast<const QRgb *>(m_Picture.constScanLine(m_Picture.height() - 1 - Row));
+}
+
 void cDIBSection::ClearUp()
 {
     m_tBI = {};
+    m_Picture = QImage();
     m_Bits.clear();
 }

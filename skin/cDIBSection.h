@@ -1,5 +1,8 @@
 // A picture as plain bytes: 24 bits a pixel in the order blue, green, red, rows padded to four bytes, the bottom row
 // first.
+//
+// A section made from a picture shares that picture until somebody asks for the bytes or writes into them, since most
+// readers want pixels only.
 #pragma once
 
 #include <QImage>
@@ -38,12 +41,20 @@ public:
     void LoadPictureBlt(const QImage &Source, std::int32_t SrcX = 0, std::int32_t SrcY = 0, std::int32_t Width = -1,
                         std::int32_t Height = -1);
     /// The first byte of the bottom row; empty when there is no picture.
-    const std::uint8_t *DIBSectionBitsPtr() const { return m_Bits.empty() ? nullptr : m_Bits.data(); }
+    const std::uint8_t *DIBSectionBitsPtr() const;
+    /// A row of a section made by CreateFromPicture, counted as the bits are, the bottom one first. The uppermost
+    /// byte of a pixel means nothing. Empty when there is no picture, or LoadPictureBlt has written into the section.
+    const QRgb *PixelsOf(std::int32_t Row) const;
     void ClearUp();
 
     const Header &BitmapInfo() const { return m_tBI; }
 
 private:
+    bool FillHeader(std::int32_t width, std::int32_t height);
+    void TakeMemory() const;
+    void Write(const QImage &plain, const QRect &part, const QPoint &from) const;
+
     Header m_tBI;
-    std::vector<std::uint8_t> m_Bits;
+    QImage m_Picture;                         // what the bits are still to be made from, or empty
+    mutable std::vector<std::uint8_t> m_Bits; // empty until they are asked for
 };

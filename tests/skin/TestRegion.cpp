@@ -150,6 +150,30 @@ TEST(Region, TheOutlineIsExactlyItsRuns)
     EXPECT_EQ(region.Rgn().rectCount(), 3 + 1 + 3 + 1); // rows that are alike share their rectangles
 }
 
+// Long rows are looked at in pieces; no run may end or begin at the edge of one.
+TEST(Region, AKeyPixelIsFoundWhereverItStandsInALongRow)
+{
+    for (const int width : {2, 8, 9, 72, 73, 137, 200}) {
+        for (int at = 0; at < width; ++at) {
+            std::string face(std::size_t(width), '#'), gap(std::size_t(width), '.');
+            face[std::size_t(at)] = '.';
+            gap[std::size_t(at)] = '#';
+            std::vector<Region::Run> expected;
+            if (at > 0) expected.push_back({0, 0, std::min(at, width - 1)});
+            if (at + 1 < width - 1) expected.push_back({0, at + 1, width - 1});
+            if (at < width - 1) expected.push_back({1, at, at + 1});
+            EXPECT_EQ(Scanned({face, gap, std::string(std::size_t(width), '.')}).Runs(), expected)
+                << width << " wide, at " << at;
+        }
+    }
+}
+
+TEST(Region, AKeyThatIsNoColourCutsNothing)
+{
+    for (const std::int32_t key : {-1, 0x01000000, 0x7FFFFFFF})
+        EXPECT_THAT(Scanned({"kw#.", "wwww"}, key).Runs(), ElementsAre(Region::Run{0, 0, 3}, Region::Run{1, 0, 3}));
+}
+
 TEST(Region, AFormWithoutABorderHasNoOffset)
 {
     Region region = Scanned({".#..", "...."});
@@ -201,6 +225,24 @@ TEST(DIBSection, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
     const std::uint8_t *bits = section.DIBSectionBitsPtr();
     EXPECT_EQ(std::vector<int>(bits, bits + 9), (std::vector<int>{255, 255, 255, 30, 20, 10, 0, 0, 0}));
     EXPECT_EQ(std::vector<int>(bits + 12, bits + 18), (std::vector<int>{0, 0, 255, 255, 0, 0}));
+}
+
+TEST(DIBSection, ItsPixelsAreThoseOfThePictureFromTheBottomUntilItIsWrittenInto)
+{
+    cDIBSection section;
+    section.CreateFromPicture(Picture({"rb#", "w.k"}));
+    EXPECT_EQ(section.PixelsOf(0)[1] & RGB_MASK, Colours['.'] & RGB_MASK);
+    EXPECT_EQ(section.PixelsOf(1)[0] & RGB_MASK, Colours['r'] & RGB_MASK);
+    EXPECT_EQ(section.PixelsOf(2), nullptr);
+    EXPECT_EQ(section.PixelsOf(-1), nullptr);
+    section.LoadPictureBlt(Picture({"k"}));
+    EXPECT_EQ(section.PixelsOf(0), nullptr);
+    const std::uint8_t *bits = section.DIBSectionBitsPtr();
+    EXPECT_EQ(std::vector<int>(bits, bits + 3), (std::vector<int>{255, 255, 255})) << "what was there stays";
+    EXPECT_EQ(std::vector<int>(bits + 12, bits + 15), (std::vector<int>{0, 0, 0}));
+    section.ClearUp();
+    EXPECT_EQ(section.DIBSectionBitsPtr(), nullptr);
+    EXPECT_EQ(section.BitmapInfo().biSizeImage, 0U);
 }
 
 TEST(DIBSection, AnEmptySizeLeavesItEmpty)
