@@ -127,6 +127,7 @@ private:
     const QImage &Face();
     void Layout();
     void PlaceGame(int Width, int Height);
+    void ClipControls();
     void PaintGameBackground();
     void PressKey(QWidget *Receiver, const QKeyEvent &Event);
     void OpenLogoLink();

@@ -36,6 +36,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -49,6 +50,26 @@ const CSkin &PresentSkin()
         throw RuntimeError(QStringLiteral("There is no skin that can be used on this screen."));
     return *modMain::CurrentSkin;
 }
+
+// Lies over all controls and clears what is beyond the window's outline; no control under it feels that it is there.
+class Outside final : public QWidget
+{
+public:
+    static inline const QString Name = QStringLiteral("Outside");
+    explicit Outside(QWidget &window) : QWidget(&window)
+    {
+        setObjectName(Name);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPainter painter(this);
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        for (const QRect &rect : event->region() - window()->mask()) painter.fillRect(rect, Qt::transparent);
+    }
+};
 
 int Position(CSkin &Skin, const QString &Key)
 {
@@ -77,6 +98,21 @@ void frmNoggle::Layout()
     if (m_GameBackground.deviceIndependentSize() != QSizeF(area.size()) && !area.isEmpty())
         m_GameBackground = PartOf(m_GameBackground, QRect(QPoint(0, 0), area.size()));
     PlaceGame(area.width(), area.height());
+    ClipControls();
+}
+
+// Where the mask of a window cuts its input only, what a skin places beyond the outline would be seen all the same.
+void frmNoggle::ClipControls()
+{
+    auto *outside = findChild<QWidget *>(Outside::Name, Qt::FindDirectChildrenOnly);
+    if (outside == nullptr) outside = new Outside(*this);
+    bool reachesOut = false;
+    for (const QWidget *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        if (control != outside && !control->isWindow() && !control->isHidden())
+            reachesOut |= !QRegion(control->geometry() & rect()).subtracted(mask()).isEmpty();
+    outside->setGeometry(rect());
+    outside->raise();
+    outside->setVisible(reachesOut);
 }
 
 void frmNoggle::PlaceGame(int Width, int Height)
@@ -93,10 +129,7 @@ void frmNoggle::PlaceGame(int Width, int Height)
 // All or nothing: a frame that can't be used leaves picture and outline as they were.
 void frmNoggle::TakeOutline(const QImage &Frame, const QImage &Sharp)
 {
-    if (Frame.isNull()) throw RuntimeError(QStringLiteral("The skin has no frame picture."));
-    Region region;
-    std::int32_t key = Region::UseCorner;
-    region.ScanPicture(Frame, key);
+    Region region = OutlineOf(Frame);
     region.OffsetHeader(0, size(), size()); // the window has no border
     region.ApplyRgn(*this);
     m_Region = std::move(region);
@@ -138,6 +171,7 @@ void frmNoggle::SetSkin(const std::shared_ptr<CSkin> &Skin)
     picMinimize->move(Position(*Skin, QStringLiteral("MinimizeLeft")),
                       Position(*Skin, QStringLiteral("MinimizeTop")));
     picClose->move(picMinimize->x() + picMinimize->width(), picMinimize->y());
+    ClipControls();
     update();
     SendGameMessage(QStringLiteral("changeskin"), 0, 0);
 }

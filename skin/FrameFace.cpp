@@ -1,5 +1,6 @@
 #include "skin/FrameFace.h"
 
+#include "platform/RuntimeError.h"
 #include "skin/Region.h"
 
 #include <QPainter>
@@ -58,6 +59,16 @@ QImage WithoutKey(const QImage &sharp)
     return keyed.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 } // namespace
+
+Region OutlineOf(const QImage &Frame)
+{
+    if (Frame.isNull()) throw RuntimeError(QStringLiteral("The skin has no frame picture."));
+    Region outline;
+    std::int32_t key = Region::UseCorner;
+    outline.ScanPicture(Frame, key);
+    outline.Check();
+    return outline;
+}
 
 QRegion InDevicePixels(const QRegion &Outline, double Scale)
 {

@@ -7,6 +7,9 @@
 
 class Region;
 
+/// The outline that a frame picture gives a window. Failure: passed on, in words, for a picture that is empty or that
+/// has a finer outline than a window can take.
+Region OutlineOf(const QImage &Frame);
 /// An outline in device pixels. Its edges are rounded one by one, as the window system rounds those of the mask, so
 /// neighbours stay neighbours at every scale.
 QRegion InDevicePixels(const QRegion &Outline, double Scale);

@@ -2,6 +2,8 @@
 #include "tests/display/DisplayTest.h"
 
 #include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
 
 namespace
 {
@@ -16,10 +18,27 @@ public:
         show();
     }
     int Presses = 0;
+    static constexpr QRgb Colour = 0xff12a0e6;
 
 protected:
+    void paintEvent(QPaintEvent *) override { QPainter(this).fillRect(rect(), QColor(Colour)); }
     void mousePressEvent(QMouseEvent *) override { ++Presses; }
 };
+
+/// Where a picture of the screen has its colour, in its own pixels.
+QRegion WhereShown(const Beneath &window)
+{
+    const QImage screen = window.screen()->grabWindow(0).toImage();
+    QRegion shown;
+    for (int y = 0; y < window.height(); ++y)
+        for (int x = 0; x < window.width(); ++x) {
+            const int start = x;
+            const auto isSeen = [&] { return screen.pixel(window.pos() + QPoint(x, y)) == Beneath::Colour; };
+            while (x < window.width() && isSeen()) ++x;
+            if (x > start) shown += QRect(start, y, x - start, 1);
+        }
+    return shown;
+}
 } // namespace
 
 class MainWindow : public DisplayTest
@@ -48,7 +67,9 @@ TEST_F(MainWindow, ItsCornersBelongToTheWindowBeneath)
     Beneath other(Window().geometry());
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
     Window().raise();
-    RunningProgram::Turn(300);
+    // What is beneath shows exactly where the outline is not.
+    EXPECT_TRUE(
+        RunningProgram::Until([&] { return WhereShown(other) == QRegion(Window().rect()) - Window().mask(); }));
     for (const QPoint corner : {QPoint(3, 3), QPoint(855, 3), QPoint(3, 595), QPoint(855, 595)})
         ClickAt(Window().mapToGlobal(corner));
     EXPECT_TRUE(RunningProgram::Until([&] { return other.Presses == 4; })) << other.Presses;
