@@ -2,7 +2,9 @@
 
 #include "domain/colGame.h"
 #include "platform/Process.h"
+#include "platform/Step.h"
 #include "sdk/CNoggleFramework.h"
+#include "sdk/CSkinPic.h"
 #include "sdk/controls/Caption.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/Look.h"
@@ -10,7 +12,10 @@
 #include "services/CResource.h"
 #include "services/colSound.h"
 #include "shell/program/MainForm.h"
+#include "shell/program/Trapped.h"
 #include "shell/program/modMain.h"
+#include "skin/FrameFace.h"
+#include "skin/Region.h"
 #include "skin/ShellSound.h"
 #include "skin/colSkin.h"
 
@@ -151,7 +156,10 @@ void frmOptions::Skin()
         button->SetFont(RowPoints, true);
         if (modMain::Framework) modMain::Framework->SkinButton(button);
     }
-    if (modMain::CurrentSkin) Setpicture(modMain::CurrentSkin->DialogPicture());
+    // A skin without the picture must not lock its user out of choosing another one.
+    Step([&] {
+        if (modMain::CurrentSkin) Setpicture(modMain::CurrentSkin->DialogPicture());
+    });
     const QColor ink = Look::ReadableOn(picture());
     for (TransLabel *label : findChildren<TransLabel *>()) label->SetForeColour(ink);
     QFont underlined = Caption::DesignFont(font(), RowPoints - 1, false);
@@ -178,12 +186,20 @@ void frmOptions::ChooseSkin(const QString &name)
     if (modMain::Skins && !name.isEmpty()) m_Skin = modMain::Skins->Item(name);
 }
 
+// Asked before anything of the skin is taken: a window that can't be shaped by it would stay between two skins, and
+// the next start would fail with the name that is stored at the end.
+bool frmOptions::CanBeTaken(CSkin &skin)
+{
+    return Trapped(QStringLiteral("The skin \"%1\" can't be used, so the present one stays.").arg(skin.Name()),
+                   [&] { OutlineOf(skin.Frame()->picture()); });
+}
+
 void frmOptions::ApplyOptions()
 {
     if (m_Busy) return;
     const QScopedValueRollback<bool> busy(m_Busy, true);
     hide();
-    modMain::CurrentSkin = m_Skin;
+    if (m_Skin != modMain::CurrentSkin && CanBeTaken(*m_Skin)) modMain::CurrentSkin = m_Skin;
     modMain::SoundOn = chkSoundOn->isChecked();
     if (modMain::ShellSounds) modMain::ShellSounds->SetSoundOn(modMain::SoundOn);
     if (modMain::Games) // or a game that runs would go on as it began

@@ -1,5 +1,6 @@
 // The options: skin, sound, white background. Nothing changes until OK; Cancel leaves everything as it was. What is
-// chosen reaches the settings file at the end of the program. Made anew for each showing.
+// chosen reaches the settings file at the end of the program. A skin that can't give the window its shape is refused
+// with a message, and the present one stays; the rest is applied. Made anew for each showing.
 #pragma once
 
 #include "sdk/controls/LarkForm.h"
@@ -18,7 +19,6 @@ class frmOptions : public LarkForm
     Q_OBJECT
 
 public:
-    /// Failure: passed on, when the current skin's dialog picture can't be read.
     frmOptions();
 
 protected:
@@ -31,6 +31,7 @@ private:
     void Skin();
     void FillSkins();
     void ChooseSkin(const QString &name);
+    static bool CanBeTaken(CSkin &skin);
     void ApplyOptions();
     void OK();
     void Cancel();

@@ -10,13 +10,32 @@
 #include "skin/CSkin.h"
 #include "skin/colSkin.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QFile>
+#include <QTimer>
 
 class BrokenSkins : public FaceTest
 {
 protected:
     const QByteArray m_Frame = PlainFrame({700, 500}, 0xff2040c0);
     const QByteArray m_Cut = m_Frame.left(m_Frame.size() / 2);
+    /// Through the menu and the dialog, and away with the message that comes.
+    void ChooseInOptions(const QString &skin)
+    {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, [&] {
+            QWidget *const options = QApplication::activeModalWidget();
+            if (options == nullptr || options->objectName() != u"frmOptions" || !options->isActiveWindow()) return;
+            look.stop();
+            options->findChild<QComboBox *>()->setCurrentText(skin);
+            Program.AnswerNextBox("cmd2");
+            Program.Click(options->findChild<QWidget *>(QStringLiteral("cmdOK")));
+        });
+        look.start(5);
+        Program.ClickMenu(QStringLiteral("options"));
+    }
+
     QByteArray m_Huge = QByteArray("GIF89a\xff\xff\xff\xff\x80\x00\x00\x00\x00\x00\xff\xff\xff,", 20);
 };
 
@@ -66,6 +85,27 @@ TEST_F(BrokenSkins, OfADamagedOrHugeFrameAreRefusedWhenTheyAreTaken)
         EXPECT_THROW(ChangeTo(name), RuntimeError);
         EXPECT_EQ(Window().mask(), outline);
     }
+}
+
+TEST_F(BrokenSkins, ChosenInTheOptionsAreRefusedAndTheNextStartTakesTheFormerOne)
+{
+    // A pixel beside the other, in every row: more pieces than a window can have.
+    const QByteArray fine =
+        Gif({700, 500}, {0xffff00ff, 0xff2040c0}, [](int x, int y) { return y == 499 ? 0 : (x + y) % 2; });
+    GivenSkin(QStringLiteral("Cut"), {{QStringLiteral("Frame.gif"), m_Cut}});
+    GivenSkin(QStringLiteral("Fine"), {{QStringLiteral("Frame.gif"), fine}});
+    StartWith(QStringLiteral("Plain"));
+    const QRegion outline = Window().mask();
+    for (const char *name : {"Cut", "Fine"}) {
+        ChooseInOptions(QLatin1String(name));
+        ASSERT_TRUE(Program.HasAnsweredAll());
+        EXPECT_TRUE(Program.Boxes.last().contains(QLatin1String(name))) << qPrintable(Program.Boxes.last());
+        EXPECT_EQ(modMain::CurrentSkin->Name(), QStringLiteral("Plain"));
+        EXPECT_EQ(Window().mask(), outline);
+    }
+    Program.AnswerNextBox("cmd1");
+    Program.ClickMenu(QStringLiteral("exit"));
+    EXPECT_TRUE(Program.Folder.Read(QStringLiteral("Settings.ini")).contains("Skin=Plain"));
 }
 
 TEST_F(BrokenSkins, AtTheStartEndInTheStartUpMessage)

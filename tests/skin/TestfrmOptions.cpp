@@ -77,8 +77,9 @@ protected:
     {
         for (const char *name : {"Blue", "alpha", "Zebra"}) {
             GivenSkin(QLatin1String(name));
-            m_Folder.Write(QStringLiteral("skins/%1/DialogPicture.gif").arg(QLatin1String(name)),
-                           Gif(20, 20, 0xfff0f8f4));
+            for (const char *file : {"DialogPicture.gif", "Frame.gif"})
+                m_Folder.Write(QStringLiteral("skins/%1/%2").arg(QLatin1String(name), QLatin1String(file)),
+                               Gif(20, 20, 0xfff0f8f4));
         }
         modMain::Skins = std::make_shared<colSkin>();
         modMain::CurrentSkin = modMain::Skins->Item(QStringLiteral("Blue"));
@@ -205,12 +206,40 @@ TEST_F(Options, ASecondOKWhileTheFirstIsAtWorkDoesNothing)
     EXPECT_EQ(m_Form.Skins.size(), 1U);
 }
 
-TEST_F(Options, AMissingDialogPictureIsAFailureOfTheLoad)
+TEST_F(Options, WithoutADialogPictureTheyArePlainAndAnotherSkinCanBeChosen)
 {
     GivenSkin(QStringLiteral("Bare"));
     modMain::Skins = std::make_shared<colSkin>();
     modMain::CurrentSkin = modMain::Skins->Item(QStringLiteral("Bare"));
-    EXPECT_THROW(frmOptions(), RuntimeError);
+    Show([&](frmOptions &form) {
+        EXPECT_TRUE(form.picture().isNull());
+        Of<QComboBox>(form, "cboSkin")->setCurrentText(QStringLiteral("Zebra"));
+        Click(form, "cmdOK");
+    });
+    EXPECT_EQ(modMain::CurrentSkin->Name(), QStringLiteral("Zebra"));
+}
+
+// A damaged frame fails at its first reading and is an empty picture from then on: both are refused.
+TEST_F(Options, ASkinThatGivesNoShapeIsRefusedWithAMessageAndThePresentOneStays)
+{
+    GivenSkin(QStringLiteral("Frameless"));
+    modMain::Skins = std::make_shared<colSkin>();
+    const auto before = modMain::CurrentSkin = modMain::Skins->Item(QStringLiteral("Blue"));
+    auto &framework = static_cast<RecordingFramework &>(*modMain::Framework);
+    for (int time = 1; time <= 2; ++time) {
+        Show([](frmOptions &form) {
+            Of<QComboBox>(form, "cboSkin")->setCurrentText(QStringLiteral("Frameless"));
+            Of<QCheckBox>(form, "chkWhiteBackground")->setChecked(true);
+            Click(form, "cmdOK");
+        });
+        EXPECT_EQ(modMain::CurrentSkin, before);
+        EXPECT_EQ(m_Form.Skins.back(), before) << "the window takes the switches by it";
+        EXPECT_TRUE(m_Form.WhiteBackground);
+        ASSERT_EQ(framework.Boxes.size(), std::size_t(time));
+        EXPECT_EQ(framework.Boxes.back().FirstLine(),
+                  QStringLiteral("The skin \"Frameless\" can't be used, so the present one stays."));
+        EXPECT_NE(framework.Boxes.back().Message, framework.Boxes.back().FirstLine()) << "it says why";
+    }
 }
 
 TEST_F(Options, EscapeAndCloseRequestsAreRefused)
