@@ -1,5 +1,7 @@
 #include "skin/PanelSurface.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,7 +12,25 @@ void Report(std::function<void()> report)
 {
     if (report) report();
 }
+
+// To a screen reader a row is a button; the panel's ground is nothing to be read.
+QAccessibleInterface *InterfaceFor(const QString &className, QObject *object)
+{
+    auto *const surface = className == QLatin1String("PanelSurface") ? qobject_cast<QWidget *>(object) : nullptr;
+    if (surface == nullptr) return nullptr;
+    return new QAccessibleWidget(surface,
+                                 surface->accessibleName().isEmpty() ? QAccessible::Pane : QAccessible::Button);
+}
 } // namespace
+
+PanelSurface::PanelSurface(QWidget *Panel) : QWidget(Panel)
+{
+    [[maybe_unused]] static const bool told = [] {
+        QAccessible::installFactory(&InterfaceFor);
+        return true;
+    }();
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
 
 void PanelSurface::SetImage(const QImage &Image)
 {

@@ -12,7 +12,7 @@ class PanelSurface : public QWidget
     Q_OBJECT
 
 public:
-    explicit PanelSurface(QWidget *Panel) : QWidget(Panel) { setAttribute(Qt::WA_OpaquePaintEvent); }
+    explicit PanelSurface(QWidget *Panel);
 
     /// A text of the owner's, kept and not shown.
     QString Tag;

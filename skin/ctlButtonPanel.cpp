@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPointer>
 
 #include <utility>
 
@@ -33,6 +34,7 @@ class FocusMark : public QWidget
 public:
     explicit FocusMark(QWidget *panel) : QWidget(panel)
     {
+        setObjectName(QStringLiteral("FocusMark"));
         setAttribute(Qt::WA_TransparentForMouseEvents);
         hide();
     }
@@ -156,10 +158,12 @@ void ctlButtonPanel::UpdateButtons(ctlButtonPanel *)
     FitHeight();
     Step([&] { PaintBackground(); });
     for (std::int32_t row = 1; row <= Count(); ++row) MakeButton(row);
-    // The pointer may rest on a row that was hovered before: the tick lights it again.
-    if (m_Hover > 0 && !m_HoverByKey && !tmrMouse.isActive()) tmrMouse.start();
     if (m_HoverByKey && hasFocus()) HoverByKey(std::min(std::exchange(m_Hover, 0), Count()));
+    const QPointer<ctlButtonPanel> self = this;
     QCoreApplication::processEvents();
+    // The pointer may rest on a new row without having moved, or on one that counts as hovered from before: a press
+    // on it would be lost.
+    if (self) CheckPointer();
 }
 
 void ctlButtonPanel::PaintBackground()
@@ -183,6 +187,7 @@ void ctlButtonPanel::MakeButton(std::int32_t row)
     button.Normal->Tag = m_Keys[row - 1];
     button.Normal->setMouseTracking(true);
     button.Normal->Moved = [this, row] { ShowHover(row); };
+    button.Normal->Pressed = [this, row] { PressBesideKeys(row); };
     button.Hover->Pressed = [this, row] { Press(row); };
     button.Hover->Left = [this] { LeaveHover(); };
     for (PanelSurface *surface : {button.Normal, button.Hover, button.Selected}) {

@@ -133,9 +133,11 @@ private:
     void HideHover();
     void HoverByKey(std::int32_t row);
     void MouseTick();
+    void CheckPointer();
     std::int32_t RowUnderPointer() const;
     void LeaveHover();
     void Press(std::int32_t row);
+    void PressBesideKeys(std::int32_t row);
     void ClearSelected();
 
     const std::int32_t m_NewHeight = 0;
@@ -150,7 +152,8 @@ private:
     int m_ButtonHeight; // [px]
     QFont m_Font;
     QString m_FontName = QStringLiteral("Arial");
-    bool m_HoverByKey = false;
+    bool m_HoverByKey = false; // m_Hover is the keyboard's
+    bool m_KeysAtWork = false;
     QSize m_BuiltFor;
 
     PanelSurface *picPanel;

@@ -11,6 +11,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -47,7 +48,7 @@ void ctlButtonPanel::WatchForTab() { TabWatch::Only(); }
 
 void ctlButtonPanel::ShowHover(std::int32_t row)
 {
-    if (row == m_Hover && !m_HoverByKey) return;
+    if (m_KeysAtWork || (row == m_Hover && !m_HoverByKey)) return;
     HideHover();
     if (const Button *button = At(row)) button->Hover->show();
     m_Hover = row;
@@ -68,7 +69,12 @@ void ctlButtonPanel::HideHover()
 void ctlButtonPanel::MouseTick()
 {
     tmrMouse.stop();
-    if (m_Hover < 1 || m_HoverByKey) return;
+    if (m_Hover > 0) CheckPointer();
+}
+
+void ctlButtonPanel::CheckPointer()
+{
+    if (m_HoverByKey) return;
     const std::int32_t under = RowUnderPointer();
     const Button *button = At(m_Hover);
     if (under == m_Hover && button != nullptr && !button->Hover->isHidden()) return;
@@ -98,6 +104,15 @@ void ctlButtonPanel::Press(std::int32_t row)
     if (!Enabled) return;
     PlayShellSound(QStringLiteral("highbeep"));
     SetSelection(row);
+}
+
+// A normal surface can't be pressed, but where the keys have lit another row the pointer rests on one that was its
+// own.
+void ctlButtonPanel::PressBesideKeys(std::int32_t row)
+{
+    if (!m_HoverByKey) return;
+    ShowHover(row);
+    Press(row);
 }
 
 void ctlButtonPanel::ClearSelected()
@@ -131,7 +146,12 @@ void ctlButtonPanel::HoverByKey(std::int32_t row)
     Button *button = At(row);
     if (button == nullptr) return;
     tmrMouse.stop();
-    HideHover();
+    {
+        // A surface that is hidden under a resting pointer makes the one beneath it feel the pointer, which has not
+        // moved: its row would light up beside that of the keys.
+        const QScopedValueRollback<bool> atWork(m_KeysAtWork, true);
+        HideHover();
+    }
     m_Hover = row;
     m_HoverByKey = true;
     button->Hover->show();

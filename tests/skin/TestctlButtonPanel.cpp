@@ -7,12 +7,15 @@
 #include "skin/ctlButtonPanel.h"
 #include "tests/skin/SkinTest.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMap>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cstdlib>
 #include <functional>
 
 namespace
@@ -205,13 +208,58 @@ TEST_F(ButtonPanel, APointerAtRestCanAlwaysPress)
     QTest::mouseRelease(m_Window.windowHandle(), Qt::LeftButton, {}, Middle(2));
 }
 
-TEST_F(ButtonPanel, AfterARebuildARestingPointerLightsItsRowAgain)
+TEST_F(ButtonPanel, RightAfterARebuildTheRowUnderTheRestingPointerIsLitAndCanBePressed)
 {
     ShowFilled(3);
     MoveTo(Middle(2));
+    Fill(4);
+    EXPECT_TRUE(Shows("picHover", 2)) << "at once, not with the next tick";
+    QTest::mouseClick(m_Window.windowHandle(), Qt::LeftButton, {}, Middle(2));
+    EXPECT_EQ(Clicks(), QStringList{KeyOf(2)});
+}
+
+TEST_F(ButtonPanel, AMenuThatRefillsItselfIsPressedAgainWithoutAPauseAndWithoutAMove)
+{
+    ShowFilled(3);
+    QObject::connect(&m_Panel, &ctlButtonPanel::Click, &m_Window, [this] { Fill(3); });
+    MoveTo(Middle(2));
+    for (int time = 1; time <= 5; ++time) {
+        QTest::mouseClick(m_Window.windowHandle(), Qt::LeftButton, {}, Middle(2));
+        EXPECT_EQ(m_Clicked.count(), time);
+    }
+}
+
+TEST_F(ButtonPanel, ARowThatComesUpUnderARestingPointerIsLitAndCanBePressed)
+{
+    ShowFilled(2);
+    MoveTo(Middle(4));
+    Fill(5);
+    EXPECT_TRUE(Shows("picHover", 4));
+    QTest::mouseClick(m_Window.windowHandle(), Qt::LeftButton, {}, Middle(4));
+    EXPECT_EQ(Clicks(), QStringList{KeyOf(4)});
+}
+
+TEST_F(ButtonPanel, APointerAtRestCanPressItsRowWhileTheKeysHaveLitAnother)
+{
+    ShowFilled(3);
+    MoveTo(Middle(3));
+    m_Window.setFocus();
+    QTest::keyClick(&m_Window, Qt::Key_Tab);
+    QTest::keyClick(&m_Panel, Qt::Key_Home);
+    ASSERT_TRUE(Shows("picHover", 1));
+    EXPECT_FALSE(Shows("picHover", 3)) << "one row alone is lit";
+    QTest::mouseClick(m_Window.windowHandle(), Qt::LeftButton, {}, Middle(3));
+    EXPECT_EQ(Clicks(), QStringList{KeyOf(3)});
+    EXPECT_FALSE(Shows("picHover", 1));
+}
+
+TEST_F(ButtonPanel, ARebuildUnderAPointerElsewhereLightsNoRow)
+{
+    ShowFilled(3);
+    MoveTo(Middle(2));
+    MoveTo(QPoint(390, 290));
     Fill(3);
-    QTest::qWait(AfterFlash);
-    EXPECT_TRUE(Shows("picHover", 2));
+    for (int row = 1; row <= 3; ++row) EXPECT_FALSE(Shows("picHover", row));
 }
 
 TEST_F(ButtonPanel, AtRestNoTimerRuns)
@@ -250,7 +298,6 @@ TEST_F(ButtonPanel, AMenuMayRefillItselfInItsOwnClick)
     QObject::connect(&m_Panel, &ctlButtonPanel::Click, &m_Window, [this] { Fill(2 + int(m_Clicked.count()) % 3); });
     for (int time = 0; time < 5; ++time) {
         MoveTo(QPoint(390, 290));
-        QTest::qWait(AfterFlash); // a row that was hovered before the rebuild lights again after the tick
         PressAt(Middle(1 + time % 2));
     }
     EXPECT_EQ(m_Clicked.count(), 5);
@@ -373,6 +420,44 @@ TEST_F(ButtonPanel, TabReachesItArrowsMoveTheHoverAndSpaceAndEnterPress)
     QTest::keyClick(&m_Panel, Qt::Key_Space);
     EXPECT_EQ(Clicks(), (QStringList{KeyOf(3), KeyOf(2)}));
     EXPECT_TRUE(Heard(QStringLiteral("highbeep")));
+}
+
+TEST_F(ButtonPanel, TheFocusMarkCanBeSeenOnEverySkin)
+{
+    for (const char *name : {"Meadow", "Night", "Black", "White", "Grey"}) {
+        const QMap<QString, QRgb> plain{{"Black", 0xff000000}, {"White", 0xffffffff}, {"Grey", 0xff808080}};
+        if (plain.contains(QLatin1String(name))) {
+            GivenSkin(QLatin1String(name));
+            for (const char *file : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"})
+                m_Folder.Write(QStringLiteral("skins/%1/%2").arg(QLatin1String(name), QLatin1String(file)),
+                               Gif(200, 80, plain[QLatin1String(name)]));
+            modMain::CurrentSkin = std::make_shared<CSkin>();
+            modMain::CurrentSkin->SetName(QLatin1String(name));
+        } else {
+            GivenDeliveredSkin(QLatin1String(name));
+        }
+        ShowFilled(3);
+        m_Window.setFocus();
+        QTest::keyClick(&m_Window, Qt::Key_Tab);
+        ASSERT_TRUE(m_Panel.hasFocus());
+        const QImage marked = m_Panel.grab().toImage();
+        m_Panel.findChild<QWidget *>(QStringLiteral("FocusMark"))->hide();
+        const QImage bare = m_Panel.grab().toImage();
+        int seen = 0;
+        for (int y = 0; y < marked.height(); ++y)
+            for (int x = 0; x < marked.width(); ++x)
+                seen += std::abs(qGray(marked.pixel(x, y)) - qGray(bare.pixel(x, y))) > 80 ? 1 : 0;
+        EXPECT_GT(seen, 2 * 174) << name << ": at least a line above and one below";
+    }
+}
+
+TEST_F(ButtonPanel, ARowIsAButtonOfItsCaptionToAScreenReader)
+{
+    ShowFilled(2);
+    const QAccessibleInterface *row = QAccessible::queryAccessibleInterface(Surface("picNormal", 2));
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->role(), QAccessible::Button);
+    EXPECT_EQ(row->text(QAccessible::Name), QStringLiteral("Row 2"));
 }
 
 TEST_F(ButtonPanel, AWindowThatBecomesActiveLightsNoRow)
