@@ -1,6 +1,7 @@
 #include "skin/frmMsgBox.h"
 
 #include "sdk/CNoggleFramework.h"
+#include "sdk/controls/Caption.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/Look.h"
 #include "sdk/controls/TransLabel.h"
@@ -34,7 +35,8 @@ enum Words : std::int16_t { WordOK = 1, WordCancel = 2, WordYes = 3, WordNo = 4 
 // Measures of the dialog. [px]
 constexpr int Margin = 28;
 constexpr int Gap = 18;
-constexpr int AnswerHeight = 36;
+constexpr int AnswerHeight = 40;
+constexpr std::int32_t LargestAnswer = 16; // [points], what its line has room for
 constexpr QSize ButtonSize(128, 34);
 constexpr int LowestLabel = 56;
 constexpr std::array Widths{420, 540, 660}; // the first in which the message stays short
@@ -157,6 +159,7 @@ void frmMsgBox::SetMessage(const QString &message, std::int32_t fontSize)
     Label->SetFont(std::max(fontSize, 1), false);
     Label->SetForeColour(Look::ReadableOn(picture()));
     Label->SetCaption(message);
+    txtAnswer->setFont(Caption::DesignFont(txtAnswer->font(), std::clamp(fontSize, 1, LargestAnswer), false));
     txtAnswer->setAccessibleName(message);
 }
 

@@ -343,6 +343,24 @@ TEST_F(MsgBox, TheFontSizeIsInPoints)
         20);
 }
 
+TEST_F(MsgBox, WhatIsTypedIsAsLargeAsTheMessageAsFarAsItsLineHasRoom)
+{
+    const auto sizes = [](frmMsgBox &box) {
+        return std::pair(Of<TransLabel>(box, "Label")->font().pixelSize(),
+                         Of<QLineEdit>(box, "txtAnswer")->font().pixelSize());
+    };
+    for (const auto &[points, isAlike] : {std::pair(10, true), std::pair(16, true), std::pair(40, false)})
+        Ask(
+            QStringLiteral("Name?"), AskForText,
+            [&, alike = isAlike](frmMsgBox &box) {
+                const auto [message, line] = sizes(box);
+                EXPECT_EQ(message == line, alike) << message << " " << line;
+                EXPECT_LT(QFontMetrics(Of<QLineEdit>(box, "txtAnswer")->font()).height() + 8,
+                          Of<QLineEdit>(box, "txtAnswer")->height());
+            },
+            nullptr, nullptr, points);
+}
+
 TEST_F(MsgBox, PicturesForPeople)
 {
     for (const char *name : {"", "Meadow", "Night"}) {
