@@ -17,6 +17,7 @@ check_skin = importlib.util.module_from_spec(importlib.util.spec_from_loader("ch
 _loader.exec_module(check_skin)
 
 KEY, FACE, BUTTON, PRESSED = (255, 0, 255), (244, 250, 247), (255, 190, 80), (150, 90, 20)
+LOGO_GROUND = (255, 215, 106)
 SIZE = (820, 620)
 SETTINGS = {
     "font": {"Font": "Inter"},
@@ -33,6 +34,7 @@ SETTINGS = {
 def frame(size=SIZE):
     picture = Image.new("RGB", size, KEY)
     ImageDraw.Draw(picture).rounded_rectangle((8, 8, size[0] - 9, size[1] - 9), 20, FACE)
+    ImageDraw.Draw(picture).rectangle((16, 56, 174, 214), LOGO_GROUND)
     return picture
 
 

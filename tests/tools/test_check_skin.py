@@ -15,7 +15,7 @@ except ModuleNotFoundError:
     sys.exit("These tests need Pillow: apt-get install python3-pil")
 from PIL import Image, ImageDraw
 
-from skins import BUTTON, FACE, KEY, PRESSED, ROOT, SIZE, TOOL, SkinTest, button, check_skin, frame
+from skins import BUTTON, FACE, KEY, LOGO_GROUND, PRESSED, ROOT, SIZE, TOOL, SkinTest, button, check_skin, frame
 from skincheck import layout
 
 
@@ -367,7 +367,7 @@ class Captions(SkinTest):
         self.save(Image.new("RGB", (700, 500), (124, 124, 124)), "DialogPicture")
         self.assert_mends("DialogPicture.gif: the better of dark and white text")
         self.save(Image.new("RGB", (700, 500), (30, 40, 60)), "DialogPicture")
-        self.assert_mends("DialogPicture.gif: black text")
+        self.assert_fine()
 
     def test_a_small_dialog_picture_is_a_hint(self):
         self.save(Image.new("RGB", (600, 500), FACE), "DialogPicture")
@@ -387,6 +387,35 @@ class Captions(SkinTest):
         self.save(button(BUTTON), "Digit1")
         self.write_with(Max=2)
         self.assert_hints("Digit2.gif: is missing, while Graphics/Max is 2")
+
+
+    def test_a_logo_without_a_field_of_its_colour_is_a_hint(self):
+        ImageDraw.Draw(self.frame).rectangle((16, 56, 174, 214), FACE)
+        self.save(self.frame, "Frame")
+        self.assert_hints("Frame.gif: the delivered logo has a square ground of #FFD76A")
+
+
+class Sharper(SkinTest):
+    def test_pictures_of_exactly_twice_the_size_are_fine(self):
+        self.save(button(BUTTON, (240, 60)), "VeryWideButton@2x")
+        self.save(button(PRESSED, (240, 60)), "VeryWideButtonPressed@2X")
+        self.assert_fine()
+
+    def test_one_of_another_size_is_to_be_mended(self):
+        self.save(frame((SIZE[0] * 2 - 1, SIZE[1] * 2)), "Frame@2x")
+        self.assert_mends("Frame@2x.gif: is 1639 x 1240", "exactly twice as large")
+
+    def test_one_without_its_plain_picture_is_to_be_mended(self):
+        self.save(button(BUTTON), "Sun@2x")
+        self.assert_mends("Sun@2x.gif: is never used without a Sun.gif")
+
+    def test_a_damaged_one_is_to_be_mended(self):
+        (self.skin / "Frame@2x.gif").write_bytes((self.skin / "Frame.gif").read_bytes()[:500])
+        self.assert_mends("Frame@2x.gif: is damaged")
+
+    def test_half_a_pair_is_a_hint(self):
+        self.save(button(BUTTON, (240, 60)), "WideButton@2x")
+        self.assert_hints("WideButtonPressed@2x.gif: is missing")
 
 
 class CommandLine(SkinTest):
@@ -446,7 +475,9 @@ class Guide(SkinTest):
             path.unlink()
         settings = re.search(r"```ini\n(.*?)```", text, re.DOTALL)[1]
         (self.skin / "Skin.ini").write_text("\n".join(line.strip() for line in settings.split("\n")))
-        self.save(frame((860, 620)), "Frame")
+        window = frame((860, 620))
+        ImageDraw.Draw(window).rectangle((14, 40, 183, 209), LOGO_GROUND)
+        self.save(window, "Frame")
         self.save(Image.new("RGB", (200, 440), FACE), "ButtonBackground")
         for stem in ("ButtonHighlight", "ButtonSelected"):
             self.save(Image.new("RGB", (200, 30), FACE), stem)
@@ -462,6 +493,8 @@ class Guide(SkinTest):
             self.assertIn(f"`{key}`", text)
         for name in check_skin.KNOWN:
             self.assertIn(f"`{name}`", text)
+        self.assertIn(check_skin.SHARPER + ".gif", text)
+        self.assertIn("#%02X%02X%02X" % LOGO_GROUND, text)
 
 
 if __name__ == "__main__":

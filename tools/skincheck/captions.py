@@ -10,6 +10,7 @@ PANEL = {  # least size, and what the caption stands on, from the top right corn
 LONG_LIST = 20 * layout.ROW  # px, of the lists of the practice screen
 PANEL_MARGIN = (5, 3)  # px, where no caption comes
 DIALOG = (660, 400)  # px, the largest that is usual
+LOGO_GROUND, LOGO_FIELD = (0xFF, 0xD7, 0x6A), 40  # of the delivered logo, and what still looks like it, of 255
 LINK, PRAISE = (0x0B, 0x4F, 0xA8), (0, 0, 255)  # written on the game area beside black
 HOLES_ALLOWED = 0.02  # of a button's middle
 CLEARLY_PRESSED = 10  # mean distance of colours, of 255
@@ -70,8 +71,6 @@ def check_dialog(name, picture, told):
     colours = pictures.colours_in(picture, (0, 0, min(picture.width, DIALOG[0]), min(picture.height, DIALOG[1])))
     best = pictures.contrast_on(colours, pictures.readable_ink(colours))
     tell_contrast(best, name, "the better of dark and white text", told)
-    if best is not None and best >= NEEDED_CONTRAST:
-        tell_contrast(pictures.contrast_on(colours, BLACK), name, "black text, as the score of a game has it,", told)
 
 
 def check_game_area(frame, box, told):
@@ -87,3 +86,23 @@ def check_game_area(frame, box, told):
             if value < NEEDED_CONTRAST:
                 told.hint("Frame.gif", f"the blue of {what} has a contrast of {int(value * 10) / 10}:1 on the game "
                           "area; a lighter ground would be better")
+
+
+def check_logo(frame, box, told):
+    """The delivered logo is a square on a ground of its own, so its field should have that colour at the corners."""
+    corners = [(x, y) for x in (box[0] + 1, box[2] - 2) for y in (box[1] + 1, box[3] - 2)]
+    if not all(0 <= x < frame.width and 0 <= y < frame.height for x, y in corners):
+        return
+    furthest = max(sum(abs(a - b) for a, b in zip(frame.getpixel(corner), LOGO_GROUND)) for corner in corners)
+    if furthest > LOGO_FIELD:
+        told.hint("Frame.gif", "the delivered logo has a square ground of #%02X%02X%02X; give it a field of that "
+                  "colour" % LOGO_GROUND)
+
+
+def check_sharper(name, picture, plain_name, plain, told):
+    """Name@2x.gif beside Name.gif; plain is None where that one is missing or can't be read."""
+    if plain is None:
+        told.mend(name, f"is never used without a {plain_name} beside it that can be read")
+    elif picture and picture.size != (2 * plain.width, 2 * plain.height):
+        told.mend(name, f"is {picture.width} x {picture.height}, but {plain_name} is {plain.width} x {plain.height}; "
+                  "it is used only where it is exactly twice as large")
