@@ -1,7 +1,7 @@
 #include "platform/Picture.h"
 
 #include "platform/Files.h"
-#include "platform/PlainGif.h"
+#include "platform/GifFrame.h"
 #include "platform/RuntimeError.h"
 #include "platform/WholePicture.h"
 
@@ -31,13 +31,13 @@ QByteArray FormatOf(const QByteArray &Bytes)
 
 QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
 {
-    const QImage plain = PlainGif(Bytes);
-    if (!plain.isNull()) return plain;
-    if (!IsWholePicture(Bytes)) Fail(NameForErrors, QStringLiteral("the file is cut short"));
+    const QByteArray format = FormatOf(Bytes);
+    const GifFrame frame = format == "gif" ? FirstFrame(Bytes) : GifFrame{IsWholePicture(Bytes), {}};
+    if (!frame.IsWhole) Fail(NameForErrors, QStringLiteral("the file is cut short"));
+    if (!frame.Picture.isNull()) return frame.Picture;
     QBuffer buffer;
     buffer.setData(Bytes);
     buffer.open(QIODevice::ReadOnly);
-    const QByteArray format = FormatOf(Bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(format.isEmpty());
     reader.setDecideFormatFromContent(format.isEmpty());

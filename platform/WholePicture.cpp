@@ -1,115 +1,30 @@
 #include "platform/WholePicture.h"
 
-#include "platform/ByteReader.h"
-
-#include <array>
-#include <optional>
-
 namespace
 {
-// The colours of a palette, by the flags of the screen or the frame.
-void SkipPalette(ByteReader &reader, int flags)
-{
-    constexpr int HasPalette = 0x80;
-    if (flags & HasPalette) reader.Skip(qsizetype{3} * (2 << (flags & 7)));
-}
-
-// The codes of a frame's data, from 3 to 12 bits wide. Only the number of pixels that each one stands for is kept.
-class PixelCount
+// Reads on from the start; behind the end every byte is 0 and the reader is no longer good.
+class ByteReader
 {
 public:
-    explicit PixelCount(int rootBits) : m_RootBits(rootBits), m_Clear(1 << rootBits) { Restart(); }
-
-    qint64 Of(const QByteArray &Data)
+    explicit ByteReader(const QByteArray &Bytes) : m_Bytes(Bytes) {}
+    bool IsGood() const { return m_At <= m_Bytes.size(); }
+    int Byte()
     {
-        qint64 pixels = 0;
-        unsigned bits = 0;
-        int held = 0;
-        for (const char byte : Data) {
-            bits |= static_cast<unsigned>(static_cast<unsigned char>(byte)) << held;
-            held += 8;
-            while (held >= m_Width) {
-                const int code = static_cast<int>(bits & ((1U << m_Width) - 1));
-                bits >>= m_Width;
-                held -= m_Width;
-                const std::optional<int> length = LengthOf(code);
-                if (!length) return pixels;
-                pixels += *length;
-            }
-        }
-        return pixels;
+        const qsizetype at = m_At++;
+        return at < m_Bytes.size() ? static_cast<unsigned char>(m_Bytes[at]) : 0;
     }
+    int BigWord()
+    {
+        const int high = Byte();
+        return high << 8 | Byte();
+    }
+    void Skip(qsizetype count) { m_At += count; }
+    bool Finds(const char *mark) const { return m_Bytes.indexOf(mark, m_At) >= 0; }
 
 private:
-    static constexpr int Codes = 4096;
-    static constexpr int WidestCode = 12;
-
-    void Restart()
-    {
-        m_Lengths.fill(1);
-        m_Next = m_Clear + 2;
-        m_Width = m_RootBits + 1;
-        m_Previous = -1;
-    }
-
-    // Empty at the end mark, and for a code that can't come here.
-    std::optional<int> LengthOf(int code)
-    {
-        if (code == m_Clear) return Restart(), 0;
-        const bool isFirst = m_Previous < 0; // must be a colour
-        if (code == m_Clear + 1 || code > m_Next || (isFirst && code > m_Clear)) return {};
-        if (!isFirst) Learn();
-        m_Previous = code;
-        return m_Lengths[static_cast<std::size_t>(code)];
-    }
-
-    void Learn()
-    {
-        if (m_Next >= Codes) return;
-        m_Lengths[static_cast<std::size_t>(m_Next)] = m_Lengths[static_cast<std::size_t>(m_Previous)] + 1;
-        ++m_Next;
-        if (m_Next == 1 << m_Width && m_Width < WidestCode) ++m_Width;
-    }
-
-    int m_RootBits;
-    int m_Clear;
-    int m_Next = 0, m_Width = 0, m_Previous = -1;
-    std::array<int, Codes> m_Lengths{};
+    const QByteArray &m_Bytes;
+    qsizetype m_At = 0;
 };
-
-bool IsWholeFrame(ByteReader &reader)
-{
-    reader.Skip(4); // its place
-    const qint64 width = reader.LittleWord();
-    const qint64 height = reader.LittleWord();
-    SkipPalette(reader, reader.Byte());
-    const int rootBits = reader.Byte();
-    if (rootBits < 1 || rootBits > 8) return false;
-    const QByteArray data = reader.TakeBlocks();
-    return PixelCount(rootBits).Of(data) >= width * height;
-}
-
-bool IsWholeGif(const QByteArray &Bytes)
-{
-    ByteReader reader(Bytes);
-    reader.Skip(10); // signature and size
-    const int flags = reader.Byte();
-    reader.Skip(2);
-    SkipPalette(reader, flags);
-    while (reader.IsGood()) {
-        switch (reader.Byte()) {
-        case '!':
-            reader.Skip(1);
-            reader.TakeBlocks();
-            break;
-        case ',':
-            return IsWholeFrame(reader);
-        default:
-            return false;
-        }
-    }
-    return false;
-}
 
 bool IsWholeJpeg(const QByteArray &Bytes)
 {
@@ -128,9 +43,4 @@ bool IsWholeJpeg(const QByteArray &Bytes)
 }
 } // namespace
 
-bool IsWholePicture(const QByteArray &Bytes)
-{
-    if (Bytes.startsWith("GIF8")) return IsWholeGif(Bytes);
-    if (Bytes.startsWith("\xFF\xD8")) return IsWholeJpeg(Bytes);
-    return true;
-}
+bool IsWholePicture(const QByteArray &Bytes) { return !Bytes.startsWith("\xFF\xD8") || IsWholeJpeg(Bytes); }

@@ -1,6 +1,6 @@
 #include "platform/Files.h"
+#include "platform/GifFrame.h"
 #include "platform/Picture.h"
-#include "platform/PlainGif.h"
 #include "platform/RuntimeError.h"
 
 #include "tests/support/TestFolder.h"
@@ -124,11 +124,11 @@ TEST(Picture, APlainGifIsReadAsTheUsualReaderReadsIt)
                        QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QByteArray bytes = ReadFile(files.next());
-        EXPECT_EQ(PlainGif(bytes), ReadUsually(bytes)) << qPrintable(files.fileName());
+        EXPECT_EQ(FirstFrame(bytes).Picture, ReadUsually(bytes)) << qPrintable(files.fileName());
         ++compared;
     }
     EXPECT_GT(compared, 20);
-    EXPECT_EQ(PlainGif(SmallGif()), ReadUsually(SmallGif()));
+    EXPECT_EQ(FirstFrame(SmallGif()).Picture, ReadUsually(SmallGif()));
 }
 
 TEST(Picture, RowsOfAnInterlacedGifStandInTheirOrder)
@@ -156,7 +156,7 @@ TEST(Picture, AFrameThatIsSmallerThanThePictureIsReadUsually)
 {
     QByteArray gif = SmallGif();
     gif[6] = '\5';
-    EXPECT_TRUE(PlainGif(gif).isNull());
+    EXPECT_TRUE(FirstFrame(gif).Picture.isNull());
     EXPECT_EQ(Read(gif), ReadUsually(gif));
     EXPECT_EQ(Read(gif).size(), QSize(5, 2));
 }
