@@ -98,5 +98,7 @@ void ReplaceFile(const QString &Path, const QByteArray &Bytes)
 {
     QSaveFile file(Path);
     if (!file.open(QIODevice::WriteOnly)) FailWith(file);
-    if (file.write(Bytes) != Bytes.size() || !file.commit()) FailWith(file);
+    // Flushed by hand, since a commit does not notice what its own flush could not write: on a full disk an empty
+    // file would take the place of the good one.
+    if (file.write(Bytes) != Bytes.size() || !file.flush() || !file.commit()) FailWith(file);
 }
