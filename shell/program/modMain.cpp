@@ -2,9 +2,9 @@
 
 #include "platform/PicBox.h"
 #include "services/CResource.h"
+#include "shell/program/frmControls.h"
 
 #include <cstdlib>
-#include <vector>
 
 namespace modMain
 {
@@ -63,8 +63,9 @@ bool OnlineEnabled() { return Online; }
 
 std::shared_ptr<PicBox> NewPicBox()
 {
-    // Never unloaded before the process ends, whoever lets go of them: skins share them with games.
-    static std::vector<std::shared_ptr<PicBox>> pool;
-    return pool.emplace_back(std::make_shared<PicBox>());
+    static frmControls controls;
+    const std::shared_ptr<PicBox> box = controls.PicBox.emplace_back(std::make_shared<PicBox>());
+    box->SetSize(1, 1);
+    return box;
 }
 } // namespace modMain
