@@ -8,9 +8,10 @@
 namespace
 {
 // A copy is called, since what it belongs to may be gone before it returns.
-void Report(std::function<void()> report)
+template <typename... Told>
+void Report(std::function<void(Told...)> report, Told... told)
 {
-    if (report) report();
+    if (report) report(told...);
 }
 
 // To a screen reader a row is a button; the panel's ground is nothing to be read.
@@ -50,5 +51,6 @@ void PanelSurface::paintEvent(QPaintEvent *)
 void PanelSurface::enterEvent(QEnterEvent *) { Report(Moved); }
 void PanelSurface::leaveEvent(QEvent *) { Report(Left); }
 void PanelSurface::mouseMoveEvent(QMouseEvent *) { Report(Moved); }
-void PanelSurface::mousePressEvent(QMouseEvent *) { Report(Pressed); }
+void PanelSurface::mousePressEvent(QMouseEvent *) { Report(Pressed, false); }
+void PanelSurface::mouseDoubleClickEvent(QMouseEvent *) { Report(Pressed, true); }
 void PanelSurface::mouseReleaseEvent(QMouseEvent *) {} // nor does the window beneath get it

@@ -21,9 +21,10 @@ public:
     const QImage &Image() const { return m_Image; }
 
     // What the surface reports; each may be empty. The surface may be given up inside a call.
-    std::function<void()> Moved;   // the pointer moved or came in
-    std::function<void()> Left;    // the pointer went
-    std::function<void()> Pressed; // a button of the mouse went down
+    std::function<void()> Moved; // the pointer moved or came in
+    std::function<void()> Left;  // the pointer went
+    // A button of the mouse went down; IsSecond at the second press of a double click.
+    std::function<void(bool IsSecond)> Pressed;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -31,6 +32,7 @@ protected:
     void leaveEvent(QEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:

@@ -118,7 +118,8 @@ void ctlButtonPanel::Clear()
 {
     for (const Button &button : std::exchange(m_Buttons, {})) {
         for (PanelSurface *surface : {button.Normal, button.Hover, button.Selected}) {
-            surface->Moved = surface->Left = surface->Pressed = nullptr;
+            surface->Moved = surface->Left = nullptr;
+            surface->Pressed = nullptr;
             surface->hide();
             surface->deleteLater();
         }
@@ -157,6 +158,7 @@ void ctlButtonPanel::UpdateButtons(ctlButtonPanel *)
     if (Count() == 0) return;
     FitHeight();
     Step([&] { PaintBackground(); });
+    ++m_Refills;
     for (std::int32_t row = 1; row <= Count(); ++row) MakeButton(row);
     if (m_HoverByKey && hasFocus()) HoverByKey(std::min(std::exchange(m_Hover, 0), Count()));
     const QPointer<ctlButtonPanel> self = this;
@@ -187,8 +189,13 @@ void ctlButtonPanel::MakeButton(std::int32_t row)
     button.Normal->Tag = m_Keys[row - 1];
     button.Normal->setMouseTracking(true);
     button.Normal->Moved = [this, row] { ShowHover(row); };
-    button.Normal->Pressed = [this, row] { PressBesideKeys(row); };
-    button.Hover->Pressed = [this, row] { Press(row); };
+    button.Normal->Pressed = [this, row](bool isSecond) {
+        if (IsMeant(isSecond)) PressBesideKeys(row);
+    };
+    button.Hover->Pressed = [this, row](bool isSecond) {
+        if (IsMeant(isSecond)) Press(row);
+    };
+    button.Selected->Pressed = [this](bool isSecond) { IsMeant(isSecond); };
     button.Hover->Left = [this] { LeaveHover(); };
     for (PanelSurface *surface : {button.Normal, button.Hover, button.Selected}) {
         surface->setGeometry(0, m_ButtonHeight * (row - 1), picPanel->width(), m_ButtonHeight);

@@ -3,8 +3,8 @@
 // Each button is three surfaces, painted once and then only shown or hidden: normal, hover above it, selected above
 // both. A host fills the list with ClearButtons, Add for each row, and UpdateButtons; what is on the screen changes
 // with the last only. A press acts when the mouse goes down, and only through the hover surface, so a selected button
-// ignores the mouse. A plain button shows its selected surface for a quarter of a second, a sticky one until the
-// next.
+// ignores the mouse. The second press of a double click does nothing where the first has refilled the panel. A plain
+// button shows its selected surface for a quarter of a second, a sticky one until the next.
 //
 // The panel is exactly as tall as its buttons: it sets its own height, so put it in no layout that forces one.
 // UpdateButtons and a write of Selection let pending events run once. A handler of Click may refill the panel.
@@ -136,6 +136,7 @@ private:
     void CheckPointer();
     std::int32_t RowUnderPointer() const;
     void LeaveHover();
+    bool IsMeant(bool isSecond);
     void Press(std::int32_t row);
     void PressBesideKeys(std::int32_t row);
     void ClearSelected();
@@ -154,6 +155,8 @@ private:
     QString m_FontName = QStringLiteral("Arial");
     bool m_HoverByKey = false; // m_Hover is the keyboard's
     bool m_KeysAtWork = false;
+    int m_Refills = 0;   // how often the rows have been made
+    int m_PressedAt = 0; // that, at the last press that was not the second of a double click
     QSize m_BuiltFor;
 
     PanelSurface *picPanel;

@@ -99,6 +99,16 @@ std::int32_t ctlButtonPanel::RowUnderPointer() const
                                                          : static_cast<std::int32_t>(found - m_Buttons.begin()) + 1;
 }
 
+// The second press of a double click is for the row that the first one met. Where that one has changed the menu,
+// another row lies under the pointer by now, which nobody chose: a pause would end with the double click that began
+// it.
+bool ctlButtonPanel::IsMeant(bool isSecond)
+{
+    if (isSecond) return m_PressedAt == m_Refills;
+    m_PressedAt = m_Refills;
+    return true;
+}
+
 void ctlButtonPanel::Press(std::int32_t row)
 {
     if (!Enabled) return;

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -52,10 +53,31 @@ void DrawPlain(QPainter &Painter, const QRect &Place, const PlainLook &Look)
     Painter.setBrush(ground);
     Painter.drawRoundedRect(QRectF(Place).adjusted(0.5, 0.5, -0.5, -0.5), RadiusOf(Place), RadiusOf(Place));
 }
+
+// The second press of a double click is for the button that got the first one. Another button, which the first has
+// brought up under the pointer, was chosen by nobody: it would start a game, or close a dialog that nobody has read.
+class SecondPress : public QObject
+{
+public:
+    static SecondPress &Only()
+    {
+        static SecondPress only;
+        return only;
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress) m_First = watched;
+        return event->type() == QEvent::MouseButtonDblClick && m_First != watched;
+    }
+
+private:
+    QPointer<QObject> m_First;
+};
 } // namespace
 
 LarkButton::LarkButton(QWidget *Container) : QAbstractButton(Container)
 {
+    installEventFilter(&SecondPress::Only());
     Look::KeysAreUsed();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);

@@ -1,7 +1,8 @@
 // A button made of two pictures, up and down, with a caption over them. Without pictures it draws itself plainly.
 // It takes the focus on click, is pressed by Space and Enter, shows a focus mark that can be seen on every skin, and
-// its accessible name is its caption. The caption is plain text: "&" and "<" stand for themselves; one that does not
-// fit is drawn smaller before it is cut.
+// its accessible name is its caption. The second press of a double click counts only where the first one was on this
+// button too. The caption is plain text: "&" and "<" stand for themselves; one that does not fit is drawn smaller
+// before it is cut.
 #pragma once
 
 #include <QAbstractButton>

@@ -88,6 +88,30 @@ TEST_F(Button, EnterThatWasPressedElsewhereDoesNothing)
     EXPECT_EQ(clicked.count(), 0);
 }
 
+TEST_F(Button, IsPressedTwiceByADoubleClick)
+{
+    QSignalSpy clicks(&m_Button, &LarkButton::clicked);
+    QTest::mouseDClick(m_Window.windowHandle(), Qt::LeftButton, {}, m_Button.geometry().center());
+    EXPECT_EQ(clicks.size(), 2);
+}
+
+TEST_F(Button, ThatComesUpUnderADoubleClickIsNotPressedByItsSecondHalf)
+{
+    LarkButton other(&m_Window);
+    other.setGeometry(m_Button.geometry());
+    QObject::connect(&m_Button, &LarkButton::clicked, &other, [&] {
+        m_Button.hide();
+        other.show();
+    });
+    QSignalSpy clicks(&other, &LarkButton::clicked);
+    const QPoint place = other.geometry().center();
+    QTest::mouseDClick(m_Window.windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_TRUE(other.isVisible());
+    EXPECT_EQ(clicks.size(), 0);
+    QTest::mouseClick(m_Window.windowHandle(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(clicks.size(), 1) << "a click of its own counts";
+}
+
 TEST_F(Button, LooksDifferentUpAndDownWithoutPictures)
 {
     const QImage up = Shot(m_Button);

@@ -158,11 +158,22 @@ void RunningProgram::Stop()
     SetClock({});
 }
 
+int RunningProgram::End()
+{
+    QTimer::singleShot(0, m_Window, [this] {
+        AnswerNextBox("cmd1");
+        ClickMenu(QStringLiteral("exit"));
+        if (m_Window->isVisible()) QCoreApplication::exit(StillRunning);
+    });
+    return QApplication::exec();
+}
+
 bool RunningProgram::Sees(const char *Name) const { return Find(Name)->isVisible(); }
 
 void RunningProgram::Click(QWidget *Control) const
 {
     if (!Control->isVisible()) qFatal("%s is not visible", qPrintable(Control->objectName()));
+    LastClick = MiddleOf(Control);
     ClickAt(Control, Control->rect().center());
 }
 

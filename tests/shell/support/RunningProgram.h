@@ -45,6 +45,9 @@ public:
     bool Start();
     /// Takes the program away without its close question: windows, objects, connection.
     void Stop();
+    /// Ends it by the menu and its question, inside the program's own loop. Answer: the exit code, or StillRunning.
+    int End();
+    static constexpr int StillRunning = 99;
     bool IsRunning() const { return m_Window != nullptr; }
     frmNoggle &Window() const { return *m_Window; }
 
@@ -60,6 +63,8 @@ public:
     /// A left click in the middle of a control, which must be visible.
     void Click(QWidget *Control) const;
     void Click(const char *Name) const { Click(Find(Name)); }
+    /// Where the last click on a control was, in its window.
+    mutable QPoint LastClick;
     /// The keys of the menu's rows, from the top; and a press on the row with that key.
     QStringList MenuKeys() const;
     QStringList MenuCaptions() const;
