@@ -56,6 +56,12 @@ std::int32_t Number(const QVariant &Value)
     return Value.typeId() == QMetaType::QString ? WholeNumber(Value.toString()) : NumberIn(Value);
 }
 
+QString TextIn(const QVariant &Value)
+{
+    if (Value.isValid() && !Value.canConvert<QString>()) throw RuntimeError(QStringLiteral("A text is expected."));
+    return Value.toString();
+}
+
 void PlaySound(const QString &Name, const QString &Repeat)
 {
     const std::int32_t flag = Repeat == u"repeat" ? 1 : 0;
@@ -83,11 +89,11 @@ const QHash<QString, Verb> &Verbs()
          [](const QVariant &, const QVariant &) { return QVariant(PresentPlayer().Key); }},
         {QStringLiteral("getsetting"),
          [](const QVariant &section, const QVariant &name) {
-             return QVariant(PresentGame().GetSetting(section.toString(), name.toString()));
+             return QVariant(PresentGame().GetSetting(TextIn(section), TextIn(name)));
          }},
         {QStringLiteral("globalsetting"),
          [](const QVariant &section, const QVariant &name) {
-             return QVariant(modMain::Framework->GetSetting(section.toString(), name.toString()));
+             return QVariant(modMain::Framework->GetSetting(TextIn(section), TextIn(name)));
          }},
         {QStringLiteral("timetaken"),
          [](const QVariant &, const QVariant &) { return QVariant(MainWindow().TimeTaken()); }},
@@ -97,7 +103,7 @@ const QHash<QString, Verb> &Verbs()
          [](const QVariant &, const QVariant &) { return MainWindow().ResumeTimer(), QVariant(); }},
         {QStringLiteral("playsound"),
          [](const QVariant &name, const QVariant &repeat) {
-             return PlaySound(name.toString(), repeat.toString()), QVariant();
+             return PlaySound(TextIn(name), repeat.toString()), QVariant();
          }},
     };
     return verbs;

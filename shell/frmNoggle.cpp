@@ -3,6 +3,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Convert.h"
+#include "platform/Units.h"
 
 #include "services/CResource.h"
 #include "services/modDX.h"
@@ -39,6 +40,7 @@
 #include <QThread>
 
 #include <array>
+#include <cstdlib>
 #include <span>
 
 namespace
@@ -180,6 +182,8 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
     lblTime->SetCaption({});
     SetStrings();
     m_GameControl.reset();
+    // For games that draw their numbers from the process's own generator: each start deals other ones.
+    std::srand(static_cast<unsigned int>(qRound64(Now() * SecondsPerDay)));
     modHelp::HelpFile = QStringLiteral("Help.chm");
     ClickMenu(QStringLiteral("change player"));
     QThread::msleep(static_cast<unsigned long>(modMain::SplashHold(modMain::SplashTime, Timer())));
@@ -264,11 +268,12 @@ void frmNoggle::Abandon()
 {
     // The clock goes on during the question, so the game may have ended on its own when the answer comes. Its end has
     // chosen mode and screen then, and they stay. An end that failed on its way may have left the mode of a game
-    // without one, or the menu of a game in another mode: this is the way out of both.
+    // without one, or the menu of a game in another mode: this is the way out of both. And the window may have been
+    // minimised meanwhile, which has paused the game: the answer holds for it all the same.
     const std::int32_t answer =
         modMain::Framework->MsgBox(Words(AbandonQuestion), YesNo, this, nullptr, QuestionFontSize);
     if (answer != AnswerYes) return;
-    if (m_Mode != 3 && m_Mode != 4) return MakePanel();
+    if (!m_GameControl && m_Mode != 3 && m_Mode != 4) return MakePanel();
     UnloadGame();
     if (m_Mode == 3) return ShowWorkoutScreen(false);
     ShowScreen(ScreenCode::Practice);

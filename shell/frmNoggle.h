@@ -110,6 +110,7 @@ private:
 
     // session
     bool HostGame();
+    std::shared_ptr<HostedGame> PlacedGame(); // empty when the game has ended while it was placed
     void ShowStrip();
     void StartLoops();
     void StopLoops();

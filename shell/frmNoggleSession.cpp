@@ -91,7 +91,6 @@ void frmNoggle::StartGame(const std::shared_ptr<CGame> &Game, std::int32_t Level
     Result = false;
     // The menu lets pending clicks through while a game starts: the second click of a double click is one.
     if (m_InStartGame) return;
-    const QScopedValueRollback<bool> inStart(m_InStartGame, true);
     if (Game) {
         modMain::CurrentGame = Game;
         m_Level = Level;
@@ -105,25 +104,36 @@ void frmNoggle::StartGame(const std::shared_ptr<CGame> &Game, std::int32_t Level
 
 bool frmNoggle::HostGame()
 {
+    const std::shared_ptr<HostedGame> game = PlacedGame();
+    if (!game) return false;
+    // Sent when the game may be replaced again: it may play from its start to its end inside of this verb.
+    SendGameMessage(QStringLiteral("start"), m_Level, 0);
+    return m_GameControl == game;
+}
+
+std::shared_ptr<HostedGame> frmNoggle::PlacedGame()
+{
+    const QScopedValueRollback<bool> inStart(m_InStartGame, true);
     const CGame &present = PresentGame();
     const std::shared_ptr<HostedGame> game =
         CreateGame(present.ComponentName + QStringLiteral(".GameArea"), present.Path(), picPrint);
     m_GameControl = game;
-    game->SetNoggleFrameWork();
-    // The clock starts now as well as below: a tick left over from an earlier session must not meet the old start.
+    // The clock starts now as well as below: neither a tick left over from an earlier session nor a game that ends at
+    // once must meet the old start.
     m_StartTime = Now();
+    game->SetNoggleFrameWork();
+    // A game that has ended already has been taken away, and what its end chose is shown.
+    if (m_GameControl != game) return nullptr;
     m_Mode = m_Mode == 2 ? 4 : 3;
     ShowStrip();
     MakePanel();
-    // Pending events ran just now, the game's own among them. One that has ended already chose what is shown.
-    if (m_GameControl != game) return false;
+    if (m_GameControl != game) return nullptr; // pending events ran just now, the game's own among them
     Layout();
     m_StartTime = Now();
     tmrShowTime.start();
     ShowScreen(2);
     StartLoops();
-    SendGameMessage(QStringLiteral("start"), m_Level, 0);
-    return true;
+    return game;
 }
 
 void frmNoggle::ShowStrip()

@@ -94,3 +94,20 @@ TEST_F(Abandon, APracticeGameThatEndedDuringTheQuestionStaysWhereItsEndLed)
     EXPECT_EQ(Menu(), "practice|exercise|progress|change player|options|help|exit");
     EXPECT_EQ(Results(), "1");
 }
+
+TEST_F(Abandon, AYesHoldsForAGameThatWasPausedDuringTheQuestion)
+{
+    StartWithAnn();
+    StartPracticeGame();
+    Program.AnswerNextBox("cmd1", {}, [&] {
+        Program.Window().showMinimized();
+        EXPECT_TRUE(Program.Until([&] { return Mode() == 5; }));
+        Program.Window().showNormal();
+    });
+    Leave();
+    EXPECT_EQ(Mode(), 2);
+    EXPECT_FALSE(Game.IsShown());
+    EXPECT_EQ(Screens(), "ctlGameList1 PlayerName1");
+    EXPECT_EQ(Menu(), "practice|exercise|progress|change player|options|help|exit");
+    EXPECT_EQ(Results(), "0");
+}

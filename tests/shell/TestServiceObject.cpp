@@ -267,6 +267,18 @@ TEST_F(ServiceObject, ASoundThatIsNotThereIsSilence)
         EXPECT_EQ(FailureOf([&] { Tell("playsound", QLatin1String(name)); }), QStringLiteral("none")) << name;
 }
 
+TEST_F(ServiceObject, ANameThatIsNoTextIsAFailure)
+{
+    OpenPractice();
+    Play();
+    for (const char *cmd : {"playsound", "getsetting", "globalsetting"}) {
+        SCOPED_TRACE(cmd);
+        EXPECT_EQ(FailureOf([&] { Tell(cmd, QVariantMap{}, QStringLiteral("x")); }),
+                  QStringLiteral("A text is expected."));
+        EXPECT_EQ(FailureOf([&] { Tell(cmd, QVariant(), QStringLiteral("x")); }), QStringLiteral("none"));
+    }
+}
+
 TEST_F(ServiceObject, AGameKeepsATextForEachLevelOfThePlayer)
 {
     OpenWorkout();

@@ -9,6 +9,12 @@ QStringList ToldStory::Names() const
 
 ToldGame::ToldGame(QWidget *Container, ToldStory &Story) : CGameArea(Container), m_Story(Story) { Story.Game = this; }
 
+void ToldGame::SetNoggleFrameWork(CNoggleFramework *Given)
+{
+    Framework = Given;
+    if (m_Story.AtFramework) m_Story.AtFramework(*this);
+}
+
 QVariant ToldGame::Message(const QString &Cmd, QVariant &Info1, QVariant &Info2)
 {
     const auto told = [](const QVariant &value) { return QLatin1String(value.typeName()) + u' ' + value.toString(); };

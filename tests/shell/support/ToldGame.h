@@ -18,7 +18,8 @@ struct ToldStory
     QVariant Points = 80; // the answer to "score"
     /// Called at each verb before it is answered; may throw.
     std::function<void(ToldGame &Game, const QString &Cmd)> At;
-    QPointer<ToldGame> Game; // the one made last
+    std::function<void(ToldGame &Game)> AtFramework; // called when a game has been given its service object
+    QPointer<ToldGame> Game;                         // the one made last
 
     /// The verbs by their names alone.
     QStringList Names() const;
@@ -28,7 +29,7 @@ class ToldGame : public CGameArea
 {
 public:
     ToldGame(QWidget *Container, ToldStory &Story);
-    void SetNoggleFrameWork(CNoggleFramework *Given) override { Framework = Given; }
+    void SetNoggleFrameWork(CNoggleFramework *Given) override;
     QVariant Message(const QString &Cmd, QVariant &Info1, QVariant &Info2) override;
     /// Says "gameover", as games do in one of their handlers.
     void End() { Framework->Message(QStringLiteral("gameover")); }
