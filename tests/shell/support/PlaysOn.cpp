@@ -2,9 +2,14 @@
 
 #include "tests/shell/support/SessionTest.h"
 
-#include "domain/colPlayer.h"
+#include "services/modDX.h"
 
+#include "shell/StartUp.h"
 #include "shell/program/modMain.h"
+
+#include "domain/CPlayer.h"
+#include "domain/Store.h"
+#include "domain/colPlayer.h"
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -26,45 +31,58 @@ class PlaysOn : public SessionTest
 public:
     // One level, so that every award stays unspent and can be counted.
     PlaysOn() { GivenGame(QStringLiteral("Alpha"), QStringLiteral("Told"), 60, 1); }
-    QByteArray Folder() const { return Program.Folder.Path().toUtf8(); }
     void TestBody() override {}
 
-    // Each game in a workout of its own, so that there is one more to be stored.
-    [[noreturn]] void Play()
+    /// Answer: when the input has ended. In a copy there is none: it plays until it is killed.
+    void Play()
     {
-        OpenProgram();
-        for (;;) {
-            modMain::CurrentWorkout.reset();
-            SessionTest::Play();
-            Program.CloseNextScore([] { Tell("c"); });
-            End();
-        }
+        modDX::SetDevice(Loopback.get()); // which has no thread of its own
+        ASSERT_TRUE(Program.Start());
+        Program.NewPlayer(QStringLiteral("Ann"));
+        Menu(QStringLiteral("exercise"));
+        Tell(Program.Folder.Path().toUtf8());
+        PlayOne([this] { MakeCopies(); });
+        while (m_IsCopy) PlayOne([] { Tell("c"); });
     }
 
 private:
-    void OpenProgram()
+    // Each game in a workout of its own, so that there is one more to be stored.
+    void PlayOne(const std::function<void()> &beforeItIsStored)
     {
-        if (!Program.Start()) _exit(3);
-        const bool isNew = modMain::Players->Count() == 0;
-        isNew ? Program.NewPlayer(QStringLiteral("Ann")) : Program.ClickPlayer(QStringLiteral("Ann"));
-        Menu(QStringLiteral("exercise"));
+        modMain::CurrentWorkout.reset();
+        SessionTest::Play();
+        Program.CloseNextScore(beforeItIsStored);
+        End();
     }
+    void MakeCopies()
+    {
+        modMain::ForgetConnection(); // an open store is for one process
+        while (std::getchar() != EOF) {
+            const pid_t child = fork();
+            if (child == 0) return GoOnAsCopy();
+            Tell(QByteArray::number(child));
+            waitpid(child, nullptr, 0);
+            Tell("gone");
+        }
+    }
+    // What earlier copies have stored is read anew, as a start does.
+    void GoOnAsCopy()
+    {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        m_IsCopy = true;
+        modMain::LoadData();
+        modMain::CurrentPlayer = *modMain::Players->begin();
+        modMain::CurrentGame = Game();
+        modMain::CurrentWorkout.reset();
+        Tell("c");
+    }
+
+    bool m_IsCopy = false;
 };
 } // namespace
 
 int PlayOnDemand()
 {
-    PlaysOn player;
-    Tell(player.Folder());
-    while (std::getchar() != EOF) {
-        const pid_t child = fork();
-        if (child == 0) {
-            prctl(PR_SET_PDEATHSIG, SIGKILL);
-            player.Play();
-        }
-        Tell(QByteArray::number(child));
-        waitpid(child, nullptr, 0);
-        Tell("gone");
-    }
-    return 0;
+    PlaysOn().Play();
+    return testing::Test::HasFailure() ? 1 : 0;
 }
