@@ -1,9 +1,11 @@
 // The store fails at each of its calls in turn, is full, locked or may not be written: the player is told, memory is
 // as if it had come through, and the program goes on.
+#include "tests/shell/support/Messages.h"
 #include "tests/shell/support/SessionTest.h"
 #include "tests/support/ReadOnlyFolder.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/SoundBuffer.h"
 #include "platform/store/Statement.h"
 
 #include "domain/CGame.h"
@@ -15,15 +17,8 @@
 #include "domain/colGame.h"
 #include "domain/colPlayer.h"
 
-#include "sdk/controls/LarkButton.h"
-#include "sdk/controls/TransLabel.h"
-
 #include "shell/program/modMain.h"
 
-#include "skin/frmMsgBox.h"
-
-#include <QApplication>
-#include <QMessageBox>
 #include <QProcess>
 
 namespace
@@ -53,36 +48,6 @@ private:
     int m_Calls = 0;
     bool m_HasFailed = false;
     bool m_WasCommit = false;
-};
-
-/// Closes whatever message of a failure comes up, and keeps it.
-class Messages
-{
-public:
-    Messages()
-    {
-        QObject::connect(&m_Timer, &QTimer::timeout, [this] { Take(); });
-        m_Timer.start(3);
-    }
-    QStringList Texts;
-    QString FirstLines() const
-    {
-        QStringList lines;
-        for (const QString &text : Texts) lines << text.section(QStringLiteral("\r\n"), 0, 0);
-        return lines.join(u'|');
-    }
-
-private:
-    void Take()
-    {
-        auto *const box = qobject_cast<frmMsgBox *>(QApplication::activeModalWidget());
-        if (box == nullptr || !box->isVisible()) return;
-        const QString text = box->findChild<TransLabel *>(QStringLiteral("Label"))->Caption();
-        if (!text.startsWith(u"Error ")) return;
-        Texts << text;
-        QTest::mouseClick(box->findChild<LarkButton *>(QStringLiteral("cmd2")), Qt::LeftButton);
-    }
-    QTimer m_Timer;
 };
 
 class SessionFaults : public SessionTest
@@ -209,6 +174,48 @@ TEST_F(SessionFaults, AnEndWhoseCommitFailsIsToldAndForgottenAndTheGameCanBePlay
                                    "and WorkoutPlayer=GamePlayedPlayer")),
         QStringLiteral("2"))
         << "each result belongs to a workout of its player";
+}
+
+// Its result is lost with it; the person is told so, and the menu leads out, whichever way the game has ended.
+TEST_F(SessionFaults, AWorkoutThatCantBeSavedIsToldAndTheMenuLeadsOut)
+{
+    for (const bool byTime : {false, true}) {
+        SCOPED_TRACE(byTime);
+        Reopen();
+        if (modMain::CurrentWorkout) modMain::CurrentWorkout->Complete();
+        modMain::CurrentWorkout.reset();
+        const int results = Count("GamePlayed");
+        const QString states = States();
+        Play();
+        Messages messages;
+        modMain::GetConnection().BeforeCall = [](const QString &sql) {
+            if (sql.contains(u"insert", Qt::CaseInsensitive) && sql.contains(u"Workout")) throw RuntimeError(Made);
+        };
+        Program.CloseNextScore();
+        if (byTime) {
+            Program.PassTime(61); // the clock of a program that was started again
+            Tick();
+        } else {
+            QTimer::singleShot(0, [&] { End(); });
+            EXPECT_TRUE(Program.Until([&] { return messages.Texts.size() == 2; }));
+        }
+        modMain::GetConnection().BeforeCall = {};
+        EXPECT_EQ(messages.Texts.value(0), QStringLiteral("Error saving Workout info.\r\n") + Made);
+        EXPECT_EQ(messages.FirstLines(), byTime ? QStringLiteral("Error saving Workout info.")
+                                                : QStringLiteral("Error saving Workout info.|An error occurred."));
+        EXPECT_EQ(Count("GamePlayed"), results);
+        EXPECT_EQ(States(), states);
+        EXPECT_FALSE(Story.Game && Story.Game->isVisible());
+        EXPECT_FALSE(Sound("hum").IsPlaying());
+        EXPECT_EQ(Program.MenuKeys().join(u'|'), QStringLiteral("pause|abandon|options|help|exit"));
+        Abandon();
+        EXPECT_EQ(Program.Window().Mode(), 6);
+        EXPECT_TRUE(Program.Sees("ctlWorkOut1"));
+        // Such an end counts as still running: the way back to counting is a new start, and it is open.
+        EXPECT_EQ(Program.End(), 0);
+    }
+    Reopen();
+    ExpectThatAGameIsStored();
 }
 
 TEST_F(SessionFaults, AStartWithThreeGamesTellsWhicheverCallFails)

@@ -3,16 +3,19 @@
 
 #include "domain/Store.h"
 #include "sdk/controls/LarkButton.h"
+#include "sdk/controls/cTransPictureBox.h"
 #include "services/CResource.h"
 #include "services/modHelp.h"
 #include "shell/StartUp.h"
 #include "shell/frmSplash.h"
 #include "shell/program/modMain.h"
 #include "skin/CSkin.h"
+#include "skin/colSkin.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QScreen>
 
 class StartUp : public FlowTest
 {
@@ -72,6 +75,7 @@ TEST_F(StartUp, GivesTheWindowItsTitleItsLogoAndItsHelpFile)
     EXPECT_EQ(Plain(modMain::ProductTitle), "Noggle");
     EXPECT_EQ(Plain(modHelp::HelpFile), "Help.chm");
     EXPECT_GT(Program.Find("picLogo")->width(), 50);
+    EXPECT_EQ(Plain(Program.Find<cTransPictureBox>("lblTime")->Caption()), "");
 }
 
 TEST_F(StartUp, ReadsTheModuleThatTheSettingsName)
@@ -131,6 +135,15 @@ TEST_F(StartUp, ASkinThatIsAbsentOrTooBigForTheScreenGivesWayToTheFirst)
     }
 }
 
+TEST_F(StartUp, WithoutAnySkinTheLastOneStays)
+{
+    Start();
+    QDir(Program.Folder.Path() + QStringLiteral("skins")).removeRecursively();
+    modMain::Skins = std::make_shared<colSkin>();
+    modMain::LoadSkin();
+    EXPECT_EQ(SkinInForce(), "Plain");
+}
+
 TEST_F(StartUp, ANumberForASkinIsANameAndNoPosition)
 {
     Program.GivenSkin(QStringLiteral("Zest"));
@@ -144,15 +157,17 @@ TEST_F(StartUp, TheSplashShowsItsPictureUntilTheMainWindowComes)
     Program.Rows(QStringLiteral("drop table Player"));
     modMain::ForgetConnection();
     bool wasShown = false;
-    QSize size;
+    QRect place;
     Program.WhilePlainBox = [&] {
         if (Splash() == nullptr) return;
         wasShown = Splash()->isVisible();
-        size = Splash()->size();
+        place = Splash()->geometry();
     };
     ASSERT_TRUE(Program.Start());
     EXPECT_TRUE(wasShown);
-    EXPECT_EQ(size, modMain::Resources->LoadJPEG(1001).size());
+    EXPECT_EQ(place.size(), modMain::Resources->LoadJPEG(1001).size());
+    const QPoint off = place.center() - QGuiApplication::primaryScreen()->geometry().center();
+    EXPECT_LE(off.manhattanLength(), 2) << "in the middle of the screen";
     EXPECT_EQ(Splash(), nullptr);
 }
 
