@@ -4,6 +4,7 @@
 #include "platform/RuntimeError.h"
 
 #include <curl/curl.h>
+#include <dlfcn.h>
 
 #include <algorithm>
 
@@ -11,12 +12,51 @@ namespace
 {
 constexpr qsizetype LongestHeader = 1 << 20; // [bytes]
 
-// Runs once, before the first handle is made.
-void StartLibrary()
+[[noreturn]] void Refuse() { throw RuntimeError(QStringLiteral("The internet transfer can't be started.")); }
+
+// The library, loaded with the first transfer: it brings some twenty others along, and most starts send nothing. It
+// stays loaded.
+class Curl
 {
-    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-    if (started != CURLE_OK) throw RuntimeError(QStringLiteral("The internet transfer can't be started."));
-}
+public:
+    static const Curl &The()
+    {
+        static const Curl the;
+        return the;
+    }
+
+private:
+    void *const m_Library = dlopen("libcurl.so.4", RTLD_NOW | RTLD_LOCAL);
+
+    template <typename Function>
+    Function *Named(const char *name, Function *) const
+    {
+        void *const found = m_Library == nullptr ? nullptr : dlsym(m_Library, name);
+        if (found == nullptr) Refuse();
+        return reinterpret_cast<Function *>(found);
+    }
+    Curl()
+    {
+        if (GlobalInit(CURL_GLOBAL_DEFAULT) != CURLE_OK) Refuse();
+    }
+
+public:
+// In brackets, since some of the names are macros as well.
+#define NOGGLE_CURL(Member, name) decltype(&(name)) const Member = Named(#name, decltype(&(name)){})
+    NOGGLE_CURL(GlobalInit, curl_global_init);
+    NOGGLE_CURL(EasyInit, curl_easy_init);
+    NOGGLE_CURL(EasyReset, curl_easy_reset);
+    NOGGLE_CURL(EasySetOption, curl_easy_setopt);
+    NOGGLE_CURL(EasyCleanup, curl_easy_cleanup);
+    NOGGLE_CURL(MultiInit, curl_multi_init);
+    NOGGLE_CURL(MultiAddHandle, curl_multi_add_handle);
+    NOGGLE_CURL(MultiRemoveHandle, curl_multi_remove_handle);
+    NOGGLE_CURL(MultiPerform, curl_multi_perform);
+    NOGGLE_CURL(MultiInfoRead, curl_multi_info_read);
+    NOGGLE_CURL(MultiPoll, curl_multi_poll);
+    NOGGLE_CURL(MultiCleanup, curl_multi_cleanup);
+#undef NOGGLE_CURL
+};
 
 std::size_t ThrowAway(char *, std::size_t size, std::size_t count, void *) { return size * count; }
 
@@ -37,27 +77,27 @@ Parts PartsOf(const QByteArray &address)
 
 struct InternetTransfer::Handles
 {
-    Handles() : Multi((StartLibrary(), curl_multi_init())), Easy(curl_easy_init())
+    Handles() : Multi(Library.MultiInit()), Easy(Library.EasyInit())
     {
-        if (Multi == nullptr || Easy == nullptr)
-            throw RuntimeError(QStringLiteral("The internet transfer can't be started."));
+        if (Multi == nullptr || Easy == nullptr) Refuse();
     }
     ~Handles()
     {
         Leave();
-        curl_easy_cleanup(Easy);
-        curl_multi_cleanup(Multi);
+        Library.EasyCleanup(Easy);
+        Library.MultiCleanup(Multi);
     }
     Handles(const Handles &) = delete;
     Handles &operator=(const Handles &) = delete;
 
-    void Enter() { IsIn = curl_multi_add_handle(Multi, Easy) == CURLM_OK; }
+    void Enter() { IsIn = Library.MultiAddHandle(Multi, Easy) == CURLM_OK; }
     void Leave()
     {
-        if (IsIn) curl_multi_remove_handle(Multi, Easy);
+        if (IsIn) Library.MultiRemoveHandle(Multi, Easy);
         IsIn = false;
     }
 
+    const Curl &Library = Curl::The();
     CURLM *Multi;
     CURL *Easy;
     bool IsIn = false;
@@ -91,26 +131,27 @@ void InternetTransfer::OpenURL(const QByteArray &Address)
 
 void InternetTransfer::Begin(const QByteArray &Server, const QByteArray &Target)
 {
+    const Curl &library = m_Handles->Library;
     CURL *const easy = m_Handles->Easy;
-    curl_easy_reset(easy);
-    curl_easy_setopt(easy, CURLOPT_URL, Server.constData());
-    curl_easy_setopt(easy, CURLOPT_REQUEST_TARGET, Target.constData());
-    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "http");
-    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-    curl_easy_setopt(easy, CURLOPT_USERAGENT, "Noggle");
-    curl_easy_setopt(easy, CURLOPT_PROXY, ""); // else the environment may name one
-    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
+    library.EasyReset(easy);
+    library.EasySetOption(easy, CURLOPT_URL, Server.constData());
+    library.EasySetOption(easy, CURLOPT_REQUEST_TARGET, Target.constData());
+    library.EasySetOption(easy, CURLOPT_PROTOCOLS_STR, "http");
+    library.EasySetOption(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
+    library.EasySetOption(easy, CURLOPT_USERAGENT, "Noggle");
+    library.EasySetOption(easy, CURLOPT_PROXY, ""); // else the environment may name one
+    library.EasySetOption(easy, CURLOPT_FOLLOWLOCATION, 0L);
     // A connection that is used again and found dead is replaced by the library, which sends the request once more.
-    curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, 1L);
-    curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
+    library.EasySetOption(easy, CURLOPT_FRESH_CONNECT, 1L);
+    library.EasySetOption(easy, CURLOPT_FORBID_REUSE, 1L);
     // A reply without headers is one all the same: it has none to show.
-    curl_easy_setopt(easy, CURLOPT_HTTP09_ALLOWED, 1L);
-    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, m_Limits.Connect);
-    curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, m_Limits.Whole);
-    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &ThrowAway);
-    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &InternetTransfer::TakeHeader);
-    curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+    library.EasySetOption(easy, CURLOPT_HTTP09_ALLOWED, 1L);
+    library.EasySetOption(easy, CURLOPT_NOSIGNAL, 1L);
+    library.EasySetOption(easy, CURLOPT_CONNECTTIMEOUT_MS, m_Limits.Connect);
+    library.EasySetOption(easy, CURLOPT_TIMEOUT_MS, m_Limits.Whole);
+    library.EasySetOption(easy, CURLOPT_WRITEFUNCTION, &ThrowAway);
+    library.EasySetOption(easy, CURLOPT_HEADERFUNCTION, &InternetTransfer::TakeHeader);
+    library.EasySetOption(easy, CURLOPT_HEADERDATA, this);
     m_Handles->Enter();
     m_IsExecuting = m_Handles->IsIn;
     if (!m_IsExecuting) m_ResponseCode = CURLE_FAILED_INIT;
@@ -128,13 +169,13 @@ bool InternetTransfer::StillExecuting()
 {
     if (!m_IsExecuting) return false;
     int running = 0;
-    if (curl_multi_perform(m_Handles->Multi, &running) != CURLM_OK) {
+    if (m_Handles->Library.MultiPerform(m_Handles->Multi, &running) != CURLM_OK) {
         m_ResponseCode = CURLE_FAILED_INIT;
         GiveUp();
         return false;
     }
     int waiting = 0;
-    while (const CURLMsg *const message = curl_multi_info_read(m_Handles->Multi, &waiting)) {
+    while (const CURLMsg *const message = m_Handles->Library.MultiInfoRead(m_Handles->Multi, &waiting)) {
         if (message->msg != CURLMSG_DONE) continue;
         m_ResponseCode = message->data.result;
         m_Header = m_Handles->Header.Text();
@@ -146,7 +187,7 @@ bool InternetTransfer::StillExecuting()
 
 void InternetTransfer::Wait(int Longest)
 {
-    if (m_IsExecuting) curl_multi_poll(m_Handles->Multi, nullptr, 0, Longest, nullptr);
+    if (m_IsExecuting) m_Handles->Library.MultiPoll(m_Handles->Multi, nullptr, 0, Longest, nullptr);
 }
 
 void InternetTransfer::GiveUp()
