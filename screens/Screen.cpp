@@ -3,9 +3,7 @@
 #include "platform/Picture.h"
 #include "sdk/CNoggleFramework.h"
 #include "sdk/controls/LarkButton.h"
-#include "services/CResource.h"
 #include "shell/program/MainForm.h"
-#include "shell/program/modMain.h"
 #include "skin/ShellSound.h"
 
 #include <QPainter>
@@ -13,7 +11,6 @@
 namespace
 {
 constexpr QColor PlainGround(0xF4, 0xF8, 0xF7);
-constexpr std::int32_t LongestWord = 256; // characters
 } // namespace
 
 Screen::Screen(QWidget *Container) : QWidget(Container) {}
@@ -45,11 +42,6 @@ void Screen::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     Arrange();
-}
-
-QString Word(std::int16_t ID)
-{
-    return modMain::Resources ? modMain::Resources->GetString(ID, LongestWord) : QString();
 }
 
 void Beep() { PlayShellSound(QStringLiteral("highbeep")); }

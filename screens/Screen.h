@@ -2,6 +2,8 @@
 // than fit.
 #pragma once
 
+#include "shell/program/modMain.h"
+
 #include <QImage>
 #include <QString>
 #include <QWidget>
@@ -41,8 +43,7 @@ private:
     int m_ScaleMode = 3;
 };
 
-/// A text of the language module.
-QString Word(std::int16_t ID);
+using modMain::Word;
 /// The sound of a button.
 void Beep();
 /// Gives a button the skin's pictures, where there is a service object to do so.

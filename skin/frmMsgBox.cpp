@@ -5,7 +5,6 @@
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/Look.h"
 #include "sdk/controls/TransLabel.h"
-#include "services/CResource.h"
 #include "shell/program/MainForm.h"
 #include "shell/program/modMain.h"
 #include "skin/ShellSound.h"
@@ -42,7 +41,7 @@ constexpr int LowestLabel = 56;
 constexpr std::array Widths{420, 540, 660}; // the first in which the message stays short
 constexpr int ShortMessage = 200;
 
-QString Word(std::int16_t ID) { return modMain::Resources ? modMain::Resources->GetString(ID, 256) : QString(); }
+using modMain::Word;
 
 int HeightOf(const QString &text, const QFont &font, int width)
 {

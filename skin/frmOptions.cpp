@@ -9,7 +9,6 @@
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/Look.h"
 #include "sdk/controls/cTransPictureBox.h"
-#include "services/CResource.h"
 #include "services/colSound.h"
 #include "shell/program/MainForm.h"
 #include "shell/program/Trapped.h"
@@ -45,7 +44,7 @@ constexpr QSize ControlSize(194, 32);
 constexpr QSize ButtonSize(128, 34);
 constexpr double RowPoints = 12;
 
-QString Word(std::int16_t ID) { return modMain::Resources ? modMain::Resources->GetString(ID, 256) : QString(); }
+using modMain::Word;
 
 template <typename Control>
 Control *Named(Control *control, const char *name)

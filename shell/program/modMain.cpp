@@ -36,8 +36,7 @@ constexpr std::int16_t Second = 5;
 constexpr std::int16_t Seconds = 6;
 constexpr std::int16_t Minute = 7;
 constexpr std::int16_t Minutes = 8;
-
-QString Word(std::int16_t ID) { return Resources ? Resources->GetString(ID, 256) : QString(); }
+constexpr std::int32_t LongestWord = 256; // characters
 
 QString TwoDigits(std::int32_t Number)
 {
@@ -47,6 +46,8 @@ QString TwoDigits(std::int32_t Number)
 } // namespace
 
 bool IsTrue(const QString &Text) { return Text == u"True" || Text == u"1"; }
+
+QString Word(std::int16_t ID) { return Resources ? Resources->GetString(ID, LongestWord) : QString(); }
 
 QString FormatTime(std::int32_t Time, bool Words)
 {

@@ -47,6 +47,8 @@ extern MainForm *Form;   // the main window as screens and dialogs see it; empty
 
 /// The text flag: exactly "True" or "1" is true, case counting.
 bool IsTrue(const QString &Text);
+/// A text of the language module, up to 255 characters; empty without a module.
+QString Word(std::int16_t ID);
 /// "2:05", or with Words "2 minutes 5 seconds" in the words of the language module; the seconds are always told.
 QString FormatTime(std::int32_t Time, bool Words);
 bool OnlineEnabled();
