@@ -16,8 +16,7 @@ auto Forward(const std::shared_ptr<GameTie> &Tie, Call &&call)
     using Result = std::invoke_result_t<Call, CNoggleFramework &>;
     const auto framework = modMain::Framework;
     if (!Tie->Hosted || !framework) return Result();
-    const auto tie = Tie;
-    const InCall inside(tie->Depth);
+    const InCall inside(Tie->Depth); // forwarder and tie are never released
     return call(*framework);
 }
 } // namespace

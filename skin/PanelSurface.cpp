@@ -5,13 +5,16 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace
 {
 // A copy is called, since what it belongs to may be gone before it returns.
 template <typename... Told>
 void Report(std::function<void(Told...)> report, Told... told)
 {
-    if (report) report(told...);
+    const auto call = std::move(report);
+    if (call) call(told...);
 }
 
 // To a screen reader a row is a button; the panel's ground is nothing to be read.

@@ -71,7 +71,7 @@ std::shared_ptr<CPlayer> DomainTest::GivenCurrentPlayer()
 
 void DomainTest::SetTime(int Year, int Month, int Day, int Hour, int Minute, int Second, int Millisecond)
 {
-    const QDateTime moment(QDate(Year, Month, Day), QTime(Hour, Minute, Second, Millisecond));
+    QDateTime moment(QDate(Year, Month, Day), QTime(Hour, Minute, Second, Millisecond));
     SetClock([moment] { return moment; });
 }
 

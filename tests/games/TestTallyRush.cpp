@@ -34,7 +34,7 @@ protected:
         int product = words.at(0).toInt();
         for (qsizetype i = 1; i + 1 < words.size(); i += 2) {
             const int number = words.at(i + 1).toInt();
-            const QString sum_or_product = words.at(i);
+            const QString &sum_or_product = words.at(i);
             if (sum_or_product == u"\u00d7") {
                 product *= number;
             } else if (sum_or_product == u"\u00f7") {

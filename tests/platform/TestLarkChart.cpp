@@ -411,7 +411,7 @@ TEST_F(Chart, LooksRightWithAnyNumberOfPointsAndSeries)
             chart.evenspacing = true;
             chart.xmin = 1;
             chart.xmax = std::max(2, count);
-            chart.xgridspacing = static_cast<int>(chart.xmax - 1) / 20 + 1;
+            chart.xgridspacing = std::floor((chart.xmax - 1) / 20) + 1;
             QRandomGenerator dice(7);
             for (int i = 1; i <= categories; ++i) {
                 ChartSeries &series = chart.Series(QLatin1String(names[i - 1]));

@@ -45,7 +45,7 @@ void NotingForm::StartGame(const std::shared_ptr<CGame> &Game, std::int32_t Leve
 }
 QString NotingForm::TakeCalls()
 {
-    const QString calls = m_Calls.join(QStringLiteral("; "));
+    QString calls = m_Calls.join(QStringLiteral("; "));
     m_Calls.clear();
     return calls;
 }
@@ -108,21 +108,21 @@ std::shared_ptr<CPlayer> ScreenTest::GivenPlayer(const QString &Name)
 
 std::shared_ptr<CGame> ScreenTest::Game(const QString &Name)
 {
-    const auto game = modMain::Games->GameByName(Name);
+    auto game = modMain::Games->GameByName(Name);
     if (!game) qFatal("no game %s", qPrintable(Name));
     return game;
 }
 
 std::shared_ptr<CCategory> ScreenTest::Category(const QString &Name)
 {
-    const auto category = modMain::Categories->CategoryByName(Name);
+    auto category = modMain::Categories->CategoryByName(Name);
     if (!category) qFatal("no category %s", qPrintable(Name));
     return category;
 }
 
 std::shared_ptr<CWorkout> ScreenTest::GivenWorkout(double Day)
 {
-    const auto workout = modMain::CurrentPlayer->Workouts().Add();
+    auto workout = modMain::CurrentPlayer->Workouts().Add();
     workout->Mode = 1;
     workout->Timestamp = Day;
     workout->Save();
@@ -138,7 +138,7 @@ void ScreenTest::Finish(const QString &GameName, std::int32_t Points, std::int32
 
 void ScreenTest::SetToday(int Year, int Month, int Day)
 {
-    const QDateTime noon(QDate(Year, Month, Day), QTime(12, 0));
+    QDateTime noon(QDate(Year, Month, Day), QTime(12, 0));
     SetClock([noon] { return noon; });
 }
 

@@ -12,7 +12,7 @@ TestFolder::~TestFolder() { SetProgramFolder({}); }
 
 QString TestFolder::Write(const QString &Name, const QByteArray &Bytes) const
 {
-    const QString path = Path() + Name;
+    QString path = Path() + Name;
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(Bytes) != Bytes.size())

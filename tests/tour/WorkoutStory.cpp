@@ -10,7 +10,7 @@ namespace
 {
 QString Element(const char *name, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index); }
 
-QString InFileNames(QString name) { return name.toLower().replace(u' ', u'-'); }
+QString InFileNames(const QString &name) { return name.toLower().replace(u' ', u'-'); }
 } // namespace
 
 int Story::Categories() { return static_cast<int>(m_Hands.SeesAll(QStringLiteral("picCat(")).size()); }
