@@ -5,6 +5,7 @@
 
 #include "platform/RuntimeError.h"
 
+#include "shell/StartUp.h"
 #include "shell/program/modMain.h"
 
 #include "skin/CSkin.h"
@@ -103,8 +104,7 @@ TEST_F(BrokenSkins, ChosenInTheOptionsAreRefusedAndTheNextStartTakesTheFormerOne
         EXPECT_EQ(modMain::CurrentSkin->Name(), QStringLiteral("Plain"));
         EXPECT_EQ(Window().mask(), outline);
     }
-    Program.AnswerNextBox("cmd1");
-    Program.ClickMenu(QStringLiteral("exit"));
+    modMain::SaveSettings(); // as at the end of the program
     EXPECT_TRUE(Program.Folder.Read(QStringLiteral("Settings.ini")).contains("Skin=Plain"));
 }
 
