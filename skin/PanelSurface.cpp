@@ -45,10 +45,12 @@ void PanelSurface::SetImage(const QImage &Image)
 void PanelSurface::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (m_Image.isNull())
-        painter.fillRect(rect(), Qt::white);
-    else
-        painter.drawImage(rect(), m_Image);
+    // Where the surface ends within a device pixel, at fractional scales of the screen, the picture leaves that pixel
+    // out: it gets the colour beside it.
+    const bool isEmpty = m_Image.isNull();
+    painter.fillRect(rect().adjusted(0, 0, 1, 1),
+                     isEmpty ? QColor(Qt::white) : m_Image.pixelColor(0, m_Image.height() - 1));
+    if (!isEmpty) painter.drawImage(rect(), m_Image);
 }
 
 void PanelSurface::enterEvent(QEnterEvent *) { Report(Moved); }

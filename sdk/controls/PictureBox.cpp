@@ -7,6 +7,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <cmath>
+
 namespace
 {
 constexpr double FocusRadius = 3; // [px]
@@ -75,10 +77,16 @@ void PictureBox::Cls()
 void PictureBox::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.drawImage(0, 0, Surface());
+    const QImage &surface = Surface();
+    // At fractional scales of the screen the control may end within a device pixel, which the surface leaves out.
+    if (devicePixelRatioF() != std::floor(devicePixelRatioF()))
+        painter.fillRect(rect().adjusted(0, 0, 1, 1), surface.pixelColor(surface.width() - 1, surface.height() - 1));
+    painter.drawImage(0, 0, surface);
     if (m_FrameColour.isValid()) {
+        painter.setRenderHint(
+            QPainter::Antialiasing); // or a side that lies between device pixels is not drawn at all
         painter.setPen(m_FrameColour);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     }
     // One that the focus is only kept on is no control, and gets no mark.
     if (hasFocus() && focusPolicy() != Qt::NoFocus && Look::KeysAreUsed())

@@ -130,6 +130,48 @@ TEST_F(SharpFace, TheWindowIsAsLargeAsTheFrameAndScreensLieOnTheirPieceOfIt)
     EXPECT_LT(difference / (without.width() * without.height()), most) << "[of 255] in the mean";
 }
 
+TEST_F(SharpFace, NoPixelBetweenTwoRowsOfTheMenuIsLeftOut)
+{
+    GivenSkin(QStringLiteral("Green"), {{QStringLiteral("ButtonBackground.gif"), Gif({200, 300}, Green)}});
+    StartWith(QStringLiteral("Green"));
+    RunningProgram::Turn(0);
+    const QImage shown = Shown();
+    const QWidget *menu = Program.Find("ctlButtonPanel1");
+    const QPoint top = (QPointF(menu->mapTo(&Window(), QPoint(menu->width() - 10, 0))) * Scale()).toPoint();
+    for (int y = 1; y < int(menu->height() * Scale()) - 1; ++y)
+        EXPECT_EQ(shown.pixel(top.x(), top.y() + y), Green) << "at " << y << " of " << menu->height() * Scale();
+}
+
+TEST_F(SharpFace, TheFrameOfABoxIsSeenOnEachSideWhereverItStands)
+{
+    StartWith(QStringLiteral("Plain"));
+    const auto isSeen = [](const QImage &shown, const QRectF &side) {
+        bool seen = false;
+        const QRect area = side.toAlignedRect() & shown.rect();
+        for (int y = area.top(); y <= area.bottom(); ++y)
+            for (int x = area.left(); x <= area.right(); ++x) seen |= qBlue(shown.pixel(x, y)) < 160;
+        return seen;
+    };
+    for (int step = 0; step < 8; ++step) {
+        QWidget host;
+        host.resize(120, 120);
+        PictureBox box(&host);
+        box.setGeometry(20 + step, 30 + 3 * step, 41 + step, 33);
+        box.SetFrameColour(Qt::red);
+        QImage shown(host.size() * Scale(), QImage::Format_RGB32);
+        shown.setDevicePixelRatio(Scale());
+        shown.fill(Qt::white);
+        host.render(&shown, {}, {}, QWidget::DrawChildren);
+        const QRectF place = box.geometry();
+        const QPointF middle = place.center();
+        for (const QRectF &side :
+             {QRectF(place.left(), middle.y(), 1, 1), QRectF(place.right() - 1, middle.y(), 1, 1),
+              QRectF(middle.x(), place.top(), 1, 1), QRectF(middle.x(), place.bottom() - 1, 1, 1)})
+            EXPECT_TRUE(isSeen(shown, QRectF(side.topLeft() * Scale(), side.size() * Scale())))
+                << "step " << step << " at " << side.x() << "," << side.y();
+    }
+}
+
 TEST_F(SharpFace, TakesSharperPicturesWhereASkinHasThemAndTheScreenCanUseThem)
 {
     GivenSkin(QStringLiteral("Sharp"), {{QStringLiteral("VeryWideButton.gif"), GifBytes({120, 24}, Blue)},
