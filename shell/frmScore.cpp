@@ -10,6 +10,8 @@
 #include "sdk/controls/Look.h"
 #include "sdk/controls/cTransPictureBox.h"
 
+#include <QPainter>
+
 namespace
 {
 constexpr std::int16_t OKString = 1;
@@ -18,6 +20,18 @@ constexpr std::int16_t PointsString = 4600;
 constexpr std::int16_t TimeBonusString = 4601;
 constexpr std::int16_t LevelBonusString = 4602;
 constexpr std::int16_t TotalString = 4603;
+
+// Measures of the dialog. [px]
+constexpr int Width = 420;
+constexpr int Margin = 28;
+constexpr int Left = 64; // and as much on the right
+constexpr int FirstLine = 88;
+constexpr int LineHeight = 36;
+constexpr int GapAboveTotal = 14;
+constexpr int GapAroundStar = 10;
+constexpr int ValueWidth = 110;
+constexpr QSize ButtonSize(128, 34);
+constexpr double RuleOpacity = 0.3;
 
 QString Words(std::int16_t ID) { return modMain::Resources->GetString(ID, 256); }
 
@@ -59,16 +73,10 @@ frmScore::frmScore()
     connect(butOK, &LarkButton::clicked, this, &QWidget::hide);
 }
 
+// The lines are two columns, captions and figures, as a block in the middle.
 void frmScore::PlaceControls()
 {
-    constexpr int Width = 420; // [px]
-    constexpr int Left = 48;
-    constexpr int Right = Width - 48;
-    constexpr int FirstLine = 92;
-    constexpr int LineHeight = 36;
-    resize(Width, 336);
-
-    lblGameOver->setGeometry(24, 28, Width - 48, 44);
+    lblGameOver->setGeometry(Left, 26, Width - 2 * Left, 44);
     lblGameOver->SetAlignment(Qt::AlignCenter);
     lblGameOver->SetFont(20, true);
 
@@ -81,19 +89,30 @@ void frmScore::PlaceControls()
     for (const Line line : {Line{capPoints, lblPoints}, Line{capTimeBonus, lblTimeBonus},
                             Line{capLevelBonus, lblLevelBonus}, Line{capTotal, lblTotal}}) {
         const bool isTotal = line.value == lblTotal;
-        if (isTotal) top += 10;
-        line.caption->setGeometry(Left, top, 220, LineHeight);
-        line.value->setGeometry(Right - 130, top, 100, LineHeight);
+        const double points = isTotal ? 18 : 14;
+        if (isTotal) top += GapAboveTotal;
+        line.caption->setGeometry(Left, top, Width - 2 * Left - ValueWidth, LineHeight);
+        line.value->setGeometry(Width - Left - ValueWidth, top, ValueWidth, LineHeight);
         line.value->SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        line.caption->SetFont(isTotal ? 16 : 13, isTotal);
-        line.value->SetFont(isTotal ? 16 : 13, true);
+        line.caption->SetFont(points, isTotal);
+        line.value->SetFont(points, true);
         top += LineHeight;
     }
-    picStar->SetPictureFile(QImage(QStringLiteral(":/pictures/star.png")));
+    QImage award(QStringLiteral(":/pictures/award.png"));
+    award.setDevicePixelRatio(2); // drawn at twice its size, for screens of higher scales
+    picStar->SetPictureFile(award);
     picStar->SizeToPicture();
-    picStar->move(Right - 24, lblTotal->geometry().center().y() - picStar->height() / 2);
-    butOK->setGeometry((Width - 120) / 2, 336 - 62, 120, 30);
-    butOK->SetFont(11, true);
+    picStar->move((Width - picStar->width()) / 2, lblTotal->geometry().bottom() + GapAroundStar);
+    butOK->SetFont(12, true);
+    PlaceButton(false);
+}
+
+// Under the award where there is one, else under the total: no gap tells that something is missing.
+void frmScore::PlaceButton(bool UnderStar)
+{
+    const int above = UnderStar ? picStar->geometry().bottom() : lblTotal->geometry().bottom() + GapAroundStar;
+    butOK->setGeometry(QRect(QPoint((Width - ButtonSize.width()) / 2, above + GapAroundStar), ButtonSize));
+    resize(Width, butOK->geometry().bottom() + 1 + Margin);
 }
 
 void frmScore::ShowScore(QWidget *Parent, std::int32_t Points, std::int32_t /*TimeLeft*/, std::int32_t TimeBonus,
@@ -101,7 +120,8 @@ void frmScore::ShowScore(QWidget *Parent, std::int32_t Points, std::int32_t /*Ti
 {
     modMain::Framework->SkinButton(butOK);
     modMain::Framework->SkinPicbox(this);
-    for (TransLabel *label : findChildren<TransLabel *>()) label->SetForeColour(Look::ReadableOn(picture()));
+    m_Ink = Look::ReadableOn(picture());
+    for (TransLabel *label : findChildren<TransLabel *>()) label->SetForeColour(m_Ink);
     capLevelBonus->SetCaption(Words(LevelBonusString).replace(QStringLiteral("<x>"), QString::number(Level)));
     lblPoints->SetCaption(QString::number(Points));
     lblTimeBonus->SetCaption(QString::number(TimeBonus));
@@ -113,6 +133,7 @@ void frmScore::ShowScore(QWidget *Parent, std::int32_t Points, std::int32_t /*Ti
     capTotal->SetCaption(Words(TotalString));
     butOK->SetCaption(Words(OKString));
     m_Star = Star;
+    PlaceButton(Star);
     tmrShow.start();
     Play(QStringLiteral("shortbeep"));
     ShowModal(Parent);
@@ -135,6 +156,16 @@ void frmScore::Reveal()
         picStar->setVisible(m_Star);
         butOK->show();
         butOK->setFocus();
+        update();
         Play(m_Star ? QStringLiteral("ding") : QStringLiteral("shortbeep"));
     }
+}
+
+void frmScore::paintEvent(QPaintEvent *event)
+{
+    LarkForm::paintEvent(event);
+    if (lblTotal->isHidden()) return;
+    QPainter painter(this);
+    painter.setOpacity(RuleOpacity);
+    painter.fillRect(Left, lblTotal->y() - GapAboveTotal / 2, Width - 2 * Left, 1, m_Ink); // the rule above the sum
 }

@@ -4,6 +4,7 @@
 
 #include "sdk/controls/LarkForm.h"
 
+#include <QColor>
 #include <QTimer>
 
 #include <cstdint>
@@ -23,8 +24,12 @@ public:
     void ShowScore(QWidget *Parent, std::int32_t Points, std::int32_t TimeLeft, std::int32_t TimeBonus,
                    std::int32_t Level, std::int32_t LevelBonus, std::int32_t Total, bool Star);
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     void PlaceControls();
+    void PlaceButton(bool UnderStar);
     void Reveal();
 
     TransLabel *lblGameOver;
@@ -40,4 +45,5 @@ private:
     LarkButton *butOK;
     QTimer tmrShow;
     bool m_Star = false;
+    QColor m_Ink;
 };

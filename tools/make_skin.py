@@ -4,7 +4,8 @@
     tools/make_skin.py SOURCE-FOLDER TARGET-FOLDER [--png] [NAME ...]
 
 Every NAME.svg of the source folder, or the named ones, becomes NAME.gif in the target folder: no transparency, a
-palette of its own, colours spread by error diffusion. With --png it becomes NAME.png with soft edges too.
+palette of its own, colours spread by error diffusion. With --png it becomes NAME.png with soft edges, and the GIF
+file comes too only where the drawing has a key colour.
 
 A drawing may say in its outermost element
 
@@ -72,11 +73,10 @@ def keyed(picture: Image.Image, key, edge) -> Image.Image:
 def make(drawing: Path, target: Path, png: bool) -> None:
     picture = rendered(drawing)
     key = attribute(drawing, "data-key")
-    if key:
-        gif = keyed(picture, key, attribute(drawing, "data-edge"))
-    else:
-        gif = best_palette(over(picture, (255, 255, 255)), 256)
-    gif.save(target / (drawing.stem + ".gif"), optimize=False)
+    if key or not png:
+        edge = attribute(drawing, "data-edge")
+        gif = keyed(picture, key, edge) if key else best_palette(over(picture, (255, 255, 255)), 256)
+        gif.save(target / (drawing.stem + ".gif"), optimize=False)
     if png:
         picture.save(target / (drawing.stem + ".png"), optimize=True)
 

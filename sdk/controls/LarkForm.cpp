@@ -20,7 +20,19 @@ namespace
 constexpr int Corner = 14;      // [px] radius
 constexpr double EdgeWidth = 2; // [px]
 const QColor PlainFace(0xf4, 0xf8, 0xf6);
-const QColor Edge(0x2a, 0x5a, 0x50);
+const QColor PlainEdge(0x2a, 0x5a, 0x50);
+
+QColor LastColour(const QImage &picture) { return picture.pixelColor(picture.width() - 1, picture.height() - 1); }
+
+// A dark line of the picture's own hue; a light one around a dark picture.
+QColor EdgeOf(const QImage &picture)
+{
+    if (picture.isNull()) return PlainEdge;
+    constexpr int Saturation = 130, Dark = 92, Light = 200;
+    const QColor ground = LastColour(picture);
+    const int saturation = ground.hsvSaturation() == 0 ? 0 : Saturation;
+    return QColor::fromHsv(std::max(ground.hsvHue(), 0), saturation, qGray(ground.rgb()) > 127 ? Dark : Light);
+}
 
 QPainterPath Outline(const QRectF &area)
 {
@@ -94,11 +106,10 @@ void LarkForm::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setClipPath(Outline(QRectF(rect())));
-    painter.fillRect(
-        rect(), m_Picture.isNull() ? PlainFace : m_Picture.pixelColor(m_Picture.width() - 1, m_Picture.height() - 1));
+    painter.fillRect(rect(), m_Picture.isNull() ? PlainFace : LastColour(m_Picture));
     if (!m_Picture.isNull()) painter.drawImage(0, 0, m_Picture);
     painter.setClipping(false);
-    painter.setPen(QPen(Edge, EdgeWidth));
+    painter.setPen(QPen(EdgeOf(m_Picture), EdgeWidth));
     painter.drawPath(Outline(QRectF(rect()).adjusted(EdgeWidth / 2, EdgeWidth / 2, -EdgeWidth / 2, -EdgeWidth / 2)));
 }
 
