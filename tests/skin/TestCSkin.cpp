@@ -5,6 +5,7 @@
 #include "platform/RuntimeError.h"
 #include "sdk/CSkinPic.h"
 #include "services/modIniFile.h"
+#include "shell/program/modMain.h"
 #include "skin/CLoadedSkinPic.h"
 #include "skin/ScreenSize.h"
 #include "skin/colSkin.h"
@@ -446,8 +447,26 @@ TEST_F(Skin, TheDeliveredSkinsAreCompleteAndReadingThemWritesNothing)
         EXPECT_FALSE(skin.Pic(QStringLiteral("Button300")).isNull());
         EXPECT_FALSE(skin.Pic(QStringLiteral("Button300Down")).isNull());
         EXPECT_NO_THROW(skin.LoadDigitPics());
-        EXPECT_EQ(skin.Frame()->picture().size(), QSize(900, 640));
+        EXPECT_EQ(skin.Frame()->picture().size(), QSize(900, 650));
         EXPECT_EQ(skin.GameAreaWidth, 620);
         EXPECT_EQ(skin.GameAreaHeight, 510);
+    }
+}
+
+// A JPEG has no transparent ground: a skin whose field has another colour would show the logo as a square.
+TEST_F(Skin, TheLogoStandsOnAFieldOfItsOwnColourInTheDeliveredSkins)
+{
+    const QImage logo(QStringLiteral(NOGGLE_LOGO));
+    ASSERT_EQ(logo.size(), QSize(150, 150));
+    for (const char *name : {"Meadow", "Night"}) {
+        GivenDeliveredSkin(QLatin1String(name));
+        const QImage frame = modMain::CurrentSkin->Frame()->picture();
+        const QPoint at(modMain::CurrentSkin->LogoLeft, modMain::CurrentSkin->LogoTop);
+        for (const QPoint corner : {QPoint(1, 1), QPoint(148, 1), QPoint(1, 148), QPoint(148, 148)}) {
+            const QColor one = logo.pixelColor(corner), other = frame.pixelColor(at + corner);
+            EXPECT_NEAR(one.red(), other.red(), 2) << name;
+            EXPECT_NEAR(one.green(), other.green(), 2) << name;
+            EXPECT_NEAR(one.blue(), other.blue(), 2) << name;
+        }
     }
 }
