@@ -1,4 +1,5 @@
-// Both delivered skins in every mode, beside the pictures that were looked at and kept in "pictures/".
+// Both delivered skins in every mode, and their dialogs, beside the pictures that were looked at and kept in
+// "pictures/".
 //
 // Kept are pictures of half the size. Machines draw letters a little differently, so blocks of 8 x 8 pixels are
 // compared by their mean colour: no block may be further off than a word that is missing or has moved would make it,
@@ -7,10 +8,15 @@
 // With other hinting, none, or without smoothing the worst block was 30 off and the mean 2; a word of the menu is 32
 // and more.
 //
-// To look at the present ones: NOGGLE_KEEP_PICTURES=folder test_face_pictures. To keep them, each is made smaller by
-// convert IN +dither -colors 96 -strip png8:OUT
+// To look at the present ones: NOGGLE_KEEP_PICTURES=folder test_face_pictures; those in "full" have their full size.
+// To keep them, each small one is made smaller still by convert IN +dither -colors 96 -strip png8:OUT
 #include "tests/shell/support/FaceTest.h"
 
+#include "sdk/CNoggleFramework.h"
+#include "shell/frmScore.h"
+#include "shell/program/modMain.h"
+
+#include <QApplication>
 #include <QDir>
 #include <QPainter>
 #include <QTimer>
@@ -75,16 +81,42 @@ protected:
 
     QString Skin() const { return QLatin1String(GetParam()); }
 
-    /// The window on a desk, of half the size.
-    QImage Now()
+    /// The pointer lies beside all controls, and what lit up under it is out again.
+    void Rest()
     {
-        // The pointer lies beside all controls, and what lit up under it is out again.
         QTest::mouseMove(Window().windowHandle(), QPoint(Window().width() / 2, 2));
         RunningProgram::Turn(600);
-        QImage picture(Window().size(), QImage::Format_RGB32);
+    }
+
+    /// What is shown, on a desk.
+    static QImage OnDesk(const QImage &shown)
+    {
+        QImage picture(shown.size(), QImage::Format_RGB32);
         picture.fill(Desk);
-        QPainter(&picture).drawImage(0, 0, Shown());
-        return picture.scaled(picture.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        picture.setDevicePixelRatio(shown.devicePixelRatio());
+        QPainter(&picture).drawImage(0, 0, shown);
+        picture.setDevicePixelRatio(1);
+        return picture;
+    }
+
+    static QImage Dialog(QWidget &dialog)
+    {
+        const double scale = dialog.devicePixelRatioF();
+        QImage shown((QSizeF(dialog.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+        shown.setDevicePixelRatio(scale);
+        shown.fill(Qt::transparent);
+        dialog.render(&shown);
+        return shown;
+    }
+
+    /// Runs the story in the next dialog of that name.
+    static void InNext(const QString &name, const std::function<void(QWidget &)> &story)
+    {
+        QTimer::singleShot(5, [name, story] {
+            QWidget *const dialog = QApplication::activeModalWidget();
+            const bool isThere = dialog != nullptr && dialog->objectName() == name && dialog->isActiveWindow();
+            isThere ? story(*dialog) : InNext(name, story);
+        });
     }
 
     /// A game whose clock stands still, so that its numbers are the same each time.
@@ -96,10 +128,20 @@ protected:
 
     void Look(const QString &mode)
     {
-        const QImage now = Now();
+        Rest();
+        Look(mode, Shown());
+    }
+
+    void Look(const QString &mode, const QImage &shown)
+    {
+        const QImage whole = OnDesk(shown);
+        const QImage now = whole.scaled(whole.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         const QString name = Skin() + u'-' + mode + QStringLiteral(".png");
         const QString folder = qEnvironmentVariable("NOGGLE_KEEP_PICTURES");
-        if (!folder.isEmpty() && QDir().mkpath(folder)) now.save(folder + u'/' + name);
+        if (!folder.isEmpty() && QDir().mkpath(folder + QStringLiteral("/full"))) {
+            now.save(folder + u'/' + name);
+            whole.save(folder + QStringLiteral("/full/") + name);
+        }
         const QImage kept = QImage(QStringLiteral(NOGGLE_FACE_PICTURES "/") + name).convertToFormat(now.format());
         ASSERT_EQ(kept.size(), now.size()) << qPrintable(name);
         const Difference difference = Compare(now, kept);
@@ -140,6 +182,31 @@ TEST_P(FacePictures, LookAsTheyWereKeptInEveryMode)
     Play();
     ASSERT_EQ(Window().Mode(), 4);
     Look(QStringLiteral("4-practice-game"));
+}
+
+TEST_P(FacePictures, ShowTheDialogsAsTheyWereKept)
+{
+    StartWith(Skin());
+    Program.AnswerNextBox("cmd1", QStringLiteral("Ann"), [this] {
+        Look(QStringLiteral("dialog-question"), Dialog(*QApplication::activeModalWidget()));
+    });
+    Program.Click(Program.Find("ctlPlayerlist1")->findChild<QWidget *>(QStringLiteral("butPlayer(0)")));
+    Rest();
+    Program.AnswerNextBox(
+        "cmd2", {}, [this] { Look(QStringLiteral("dialog-error"), Dialog(*QApplication::activeModalWidget())); });
+    modMain::Framework->ShowError(QStringLiteral("Error saving the result."), QStringLiteral("The disk is full."));
+    InNext(QStringLiteral("frmOptions"), [this](QWidget &dialog) {
+        Look(QStringLiteral("dialog-options"), Dialog(dialog));
+        Program.Click(dialog.findChild<QWidget *>(QStringLiteral("cmdCancel")));
+    });
+    Program.ClickMenu(QStringLiteral("options"));
+    for (const bool star : {true, false}) {
+        Program.CloseNextScore([this, star] {
+            Look(star ? QStringLiteral("dialog-score-star") : QStringLiteral("dialog-score"),
+                 Dialog(*QApplication::activeModalWidget()));
+        });
+        frmScore().ShowScore(&Window(), 80, 45, 60, 2, 50, star ? 190 : 90, star);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Skins, FacePictures, testing::Values("Meadow", "Night"),
