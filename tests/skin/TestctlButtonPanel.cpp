@@ -425,7 +425,9 @@ TEST_F(ButtonPanel, TabReachesItArrowsMoveTheHoverAndSpaceAndEnterPress)
 TEST_F(ButtonPanel, TheFocusMarkCanBeSeenOnEverySkin)
 {
     for (const char *name : {"Meadow", "Night", "Black", "White", "Grey"}) {
-        const QMap<QString, QRgb> plain{{"Black", 0xff000000}, {"White", 0xffffffff}, {"Grey", 0xff808080}};
+        const QMap<QString, QRgb> plain{{QStringLiteral("Black"), 0xff000000},
+                                        {QStringLiteral("White"), 0xffffffff},
+                                        {QStringLiteral("Grey"), 0xff808080}};
         if (plain.contains(QLatin1String(name))) {
             GivenSkin(QLatin1String(name));
             for (const char *file : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"})
