@@ -58,7 +58,7 @@ TEST_F(Wayland, OutsideOfTheOutlineTheDesktopShows)
     };
     GivenSkin(QStringLiteral("Lens"),
               {{QStringLiteral("Frame.gif"),
-                Gif(FrameSize, {Key, Blue}, [&](int x, int y) { return isInside(x, y) ? 1 : 0; })},
+                GifBytes(FrameSize, {Key, Blue}, [&](int x, int y) { return isInside(x, y) ? 1 : 0; })},
                {QStringLiteral("Skin.ini"), Positions(QRect(0, 0, 300, 200)) + "LogoLeft=600\r\nLogoTop=400\r\n"}});
     StartWith(QStringLiteral("Lens"));
     const QRegion outline = Window().mask();

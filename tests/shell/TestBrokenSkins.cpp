@@ -92,7 +92,7 @@ TEST_F(BrokenSkins, ChosenInTheOptionsAreRefusedAndTheNextStartTakesTheFormerOne
 {
     // A pixel beside the other, in every row: more pieces than a window can have.
     const QByteArray fine =
-        Gif({700, 500}, {0xffff00ff, 0xff2040c0}, [](int x, int y) { return y == 499 ? 0 : (x + y) % 2; });
+        GifBytes({700, 500}, {0xffff00ff, 0xff2040c0}, [](int x, int y) { return y == 499 ? 0 : (x + y) % 2; });
     GivenSkin(QStringLiteral("Cut"), {{QStringLiteral("Frame.gif"), m_Cut}});
     GivenSkin(QStringLiteral("Fine"), {{QStringLiteral("Frame.gif"), fine}});
     StartWith(QStringLiteral("Plain"));

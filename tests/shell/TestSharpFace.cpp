@@ -132,7 +132,7 @@ TEST_F(SharpFace, TheWindowIsAsLargeAsTheFrameAndScreensLieOnTheirPieceOfIt)
 
 TEST_F(SharpFace, NoPixelBetweenTwoRowsOfTheMenuIsLeftOut)
 {
-    GivenSkin(QStringLiteral("Green"), {{QStringLiteral("ButtonBackground.gif"), Gif({200, 300}, Green)}});
+    GivenSkin(QStringLiteral("Green"), {{QStringLiteral("ButtonBackground.gif"), GifBytes({200, 300}, Green)}});
     StartWith(QStringLiteral("Green"));
     RunningProgram::Turn(0);
     const QImage shown = Shown();
