@@ -105,7 +105,7 @@ Result NamedRow(const Recordset &row)
 void RawList(benchmark::State &state, const char16_t *sql, int values)
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         std::vector<Result> results;
         sqlite3_stmt *statement = Prepared(sql, values);
         while (sqlite3_step(statement) == SQLITE_ROW) results.push_back(RawRow(statement));
@@ -118,7 +118,7 @@ void RawList(benchmark::State &state, const char16_t *sql, int values)
 void RecordsetList(benchmark::State &state, const char16_t *sql, int values)
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         std::vector<Result> results;
         for (const auto set = modMain::GetRecordset(Text(sql), QVariantList(values, 1)); !set->Eof(); set->MoveNext())
             results.push_back(NamedRow(*set));
@@ -130,7 +130,7 @@ void RecordsetList(benchmark::State &state, const char16_t *sql, int values)
 void RecordsList(benchmark::State &state, void (*filter)(colGamePlayed &))
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         colGamePlayed list;
         filter(list);
         list.Load();
@@ -147,7 +147,7 @@ void RawProgress(benchmark::State &state)
     const auto columns = modMain::GetRecordset(Text(Progress), QVariantList{1, 1});
     const int timestamp = columns->Column(u"GamePlayedTimestamp");
     const int points = columns->Column(u"GamePlayedPoints");
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         std::vector<std::pair<double, double>> results;
         sqlite3_stmt *statement = Prepared(Progress, 2);
         while (sqlite3_step(statement) == SQLITE_ROW)
@@ -161,7 +161,7 @@ void RawProgress(benchmark::State &state)
 void RecordsetProgress(benchmark::State &state)
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         std::vector<std::pair<double, double>> results;
         for (const auto set = modMain::GetRecordset(Text(Progress), QVariantList{1, 1}); !set->Eof(); set->MoveNext())
             results.emplace_back(set->Date(u"GamePlayedTimestamp"), set->Long(u"GamePlayedPoints"));
@@ -173,7 +173,7 @@ void RecordsetProgress(benchmark::State &state)
 void Newest(benchmark::State &state, int category)
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         const auto set = modMain::GetRecordset(Text(ByCategory), QVariantList{category, 1});
         if (!set->Eof()) benchmark::DoNotOptimize(set->Long(u"GameKey"));
     }
@@ -182,7 +182,7 @@ void Newest(benchmark::State &state, int category)
 void AddResult(benchmark::State &state)
 {
     UseStore(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto turn : state) {
         const auto set = modMain::GetRecordset(u"select * from GamePlayed where GamePlayedKey=?"_s, QVariantList{0});
         set->AddNew();
         set->SetValue(u"GamePlayedPlayer", 2);

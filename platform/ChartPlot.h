@@ -1,6 +1,6 @@
 // How a LarkChart gets onto the screen: with `ChartLines` the one place that knows the plotting library, and all that
-// is in the library beside the program. Of the chart it uses fields and what is inline or virtual, since the library is
-// linked without it.
+// is in the library beside the program. Of the chart it uses fields and what is inline or virtual, since the library
+// is linked without it.
 #pragma once
 
 #include "platform/ChartScale.h"

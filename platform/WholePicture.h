@@ -1,5 +1,5 @@
-// Whether the bytes of a JPEG hold the whole picture. Qt's reader answers "read" for a file that ends in its middle, and
-// leaves the rest grey.
+// Whether the bytes of a JPEG hold the whole picture. Qt's reader answers "read" for a file that ends in its middle,
+// and leaves the rest grey.
 #pragma once
 
 #include <QByteArray>

@@ -9,7 +9,7 @@ class QFocusEvent;
 class QLineEdit;
 class cTransPictureBox;
 
-class PlayerName : public Screen
+class PlayerName final : public Screen
 {
     Q_OBJECT
 

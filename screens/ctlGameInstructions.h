@@ -9,7 +9,7 @@ class CGame;
 class QTextEdit;
 class cTransPictureBox;
 
-class ctlGameInstructions : public Screen
+class ctlGameInstructions final : public Screen
 {
     Q_OBJECT
 

@@ -15,7 +15,7 @@ class TransLabel;
 class cTransPictureBox;
 class ctlButtonPanel;
 
-class ctlGameList : public Screen
+class ctlGameList final : public Screen
 {
     Q_OBJECT
 

@@ -9,7 +9,7 @@ class QColor;
 class TransLabel;
 class cTransPictureBox;
 
-class ctlGamePlaySummary : public Screen
+class ctlGamePlaySummary final : public Screen
 {
     Q_OBJECT
 

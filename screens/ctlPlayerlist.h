@@ -8,7 +8,7 @@
 
 class RowView;
 
-class ctlPlayerlist : public Screen
+class ctlPlayerlist final : public Screen
 {
     Q_OBJECT
 

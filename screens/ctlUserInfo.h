@@ -11,7 +11,7 @@ class LarkChart;
 class RowView;
 class cTransPictureBox;
 
-class ctlUserInfo : public Screen
+class ctlUserInfo final : public Screen
 {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ class RowView;
 class TransLabel;
 class cTransPictureBox;
 
-class ctlWorkOut : public Screen
+class ctlWorkOut final : public Screen
 {
     Q_OBJECT
 
