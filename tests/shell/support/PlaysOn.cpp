@@ -60,7 +60,6 @@ private:
         while (std::getchar() != EOF) {
             const pid_t child = fork();
             if (child == 0) return GoOnAsCopy();
-            Tell(QByteArray::number(child));
             waitpid(child, nullptr, 0);
             Tell("gone");
         }
@@ -70,6 +69,7 @@ private:
     {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         m_IsCopy = true;
+        Tell(QByteArray::number(getpid())); // by itself, so that it comes before what it tells next
         modMain::LoadData();
         modMain::CurrentPlayer = *modMain::Players->begin();
         modMain::CurrentGame = Game();
