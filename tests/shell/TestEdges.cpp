@@ -184,6 +184,20 @@ TEST_F(Edges, OptionsReachTheSettingsFileAtTheEndOfTheProgramAndNotBefore)
     EXPECT_EQ(GroundOfTheGameArea(), 0xffffffffU);
 }
 
+TEST_F(Edges, OptionsWorkAgainAfterASkinThatCouldNotBeTaken)
+{
+    Program.GivenSkin(QStringLiteral("Ruined"));
+    Program.Folder.Write(QStringLiteral("skins/Ruined/Frame.gif"), "GIF89a and no more");
+    StartWithAnn();
+    Program.AnswerNextBox("cmd2");
+    SetOptions({.Skin = QStringLiteral("Ruined"), .Sound = false});
+    ASSERT_EQ(Program.Boxes.size(), 2) << "the name, and the failure";
+    SetOptions({.Skin = QStringLiteral("Wide"), .Sound = true});
+    EXPECT_EQ(Plain(modMain::CurrentSkin->Name()), "Wide");
+    EXPECT_EQ(Program.Find("picPrint")->width(), 560);
+    EXPECT_TRUE(modMain::SoundOn);
+}
+
 TEST_F(Edges, AGameThatEndsWhileTheOptionsAreOpenShowsItsScoreOverThem)
 {
     StartWithAnn();
