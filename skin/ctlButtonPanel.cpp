@@ -43,8 +43,7 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        Look::DrawFocus(painter, QRectF(rect()).adjusted(-1.5, -1.5, 1.5, 1.5),
-                        4); // at the very edge, clear of the text
+        Look::DrawFocus(painter, rect().adjusted(-2, -2, 2, 2), 4); // at the very edge, clear of the text
     }
 };
 } // namespace

@@ -201,7 +201,7 @@ void ctlButtonPanel::focusInEvent(QFocusEvent *event)
     QWidget::focusInEvent(event);
     // A window that becomes active gives its focus to somebody, and so does a control that is hidden; that lights no
     // row.
-    if (!TabWatch::Only().WasTab) return;
+    if (event->reason() == Qt::ActiveWindowFocusReason || !TabWatch::Only().WasTab) return;
     HoverByKey(At(m_Hover) != nullptr ? m_Hover : At(m_Selected) != nullptr ? m_Selected : 1);
 }
 

@@ -125,9 +125,10 @@ void Look::DrawFocus(QPainter &Painter, const QRectF &Place, double Radius)
     Painter.save();
     Painter.setRenderHint(QPainter::Antialiasing);
     Painter.setBrush(Qt::NoBrush);
-    Painter.setPen(QPen(QColor(Qt::white), 3));
-    Painter.drawRoundedRect(Place.adjusted(2.5, 2.5, -2.5, -2.5), Radius, Radius);
-    Painter.setPen(QPen(QColor(0x10, 0x20, 0x60), 1.5));
-    Painter.drawRoundedRect(Place.adjusted(2.5, 2.5, -2.5, -2.5), Radius, Radius);
+    // Whole pixels of either colour, so that one of them stands out on any ground.
+    Painter.setPen(QPen(QColor(Qt::white), 4));
+    Painter.drawRoundedRect(Place.adjusted(3, 3, -3, -3), Radius, Radius);
+    Painter.setPen(QPen(QColor(0x10, 0x20, 0x60), 2));
+    Painter.drawRoundedRect(Place.adjusted(3, 3, -3, -3), Radius, Radius);
     Painter.restore();
 }

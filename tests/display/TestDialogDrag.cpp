@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QTest>
 #include <QTimer>
 
 namespace
@@ -18,6 +19,19 @@ constexpr QPoint By(46, 32);
 class DialogDrag : public DisplayTest
 {
 protected:
+    /// Where the window manager has put it: it may move a window after it shows and has the keys.
+    static QPoint PlaceOf(const QWidget &form)
+    {
+        constexpr int enough = 10; // looks that find it in the same place
+        QPoint place = form.pos();
+        for (int same = 0; same < enough; ++same) {
+            QTest::qWait(20);
+            if (form.pos() == place) continue;
+            place = form.pos();
+            same = 0;
+        }
+        return place;
+    }
     /// Drags the dialog that comes next from a place on it, and presses its button then. Answer: how far it went.
     void DragNext(const char *dialog, QPoint from, const char *button)
     {
@@ -25,7 +39,7 @@ protected:
             auto *const form = qobject_cast<LarkForm *>(QApplication::activeModalWidget());
             if (form == nullptr || form->objectName() != QLatin1String(dialog) || !HasKeys(form))
                 return DragNext(dialog, from, button);
-            const QPoint home = form->pos();
+            const QPoint home = PlaceOf(*form);
             Drag(form->mapToGlobal(from), By);
             RunningProgram::Until([&] { return form->pos() != home; });
             m_Went = form->pos() - home;

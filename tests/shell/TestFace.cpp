@@ -181,16 +181,6 @@ TEST_F(Face, TheLogoOpensTheAddressOfTheModule)
     EXPECT_EQ(Plain(desktop.Opened.join(u'|')), "http://noggle.example.org");
 }
 
-TEST_F(Face, HelpOpensTheHelpFileOfTheProgramsFolder)
-{
-    const QString file = Program.Folder.Write(QStringLiteral("Help.chm"), "help");
-    Start();
-    Desktop desktop;
-    Program.ClickMenu(QStringLiteral("help"));
-    EXPECT_EQ(Plain(desktop.Opened.join(u'|')), Plain(QUrl::fromLocalFile(file).toString()));
-    EXPECT_EQ(Mode(), 0);
-}
-
 TEST_F(Face, TheWheelIsHookedOnlyWhileTheWindowIsActive)
 {
     Start();
