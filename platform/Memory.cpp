@@ -12,11 +12,11 @@
 #ifdef __GLIBC__
 namespace
 {
-constexpr int MiB = 1 << 20;             // [bytes]
-constexpr int Largest = 32 * MiB;        // that the library lets come from the one piece
-constexpr int AtOnce = 40 * MiB;         // what a start touches, and some
-constexpr int Kept = 128 * MiB;          // freed memory at the end of the piece that is not given back at once
-constexpr std::uintptr_t Page = 2 * MiB; // a large one
+constexpr int MiB = 1 << 20;      // [bytes]
+constexpr int Largest = 32 * MiB; // that the library lets come from the one piece
+constexpr int AtOnce = 40 * MiB;  // what a start touches, and some
+constexpr int Kept = 128 * MiB;   // freed memory at the end of the piece that is not given back at once
+constexpr std::uintptr_t Page = std::uintptr_t{2} * MiB; // a large one
 
 void UseLargePages()
 {

@@ -115,7 +115,7 @@ std::shared_ptr<HostedGame> frmNoggle::PlacedGame()
 {
     const QScopedValueRollback<bool> inStart(m_InStartGame, true);
     const CGame &present = PresentGame();
-    const std::shared_ptr<HostedGame> game =
+    std::shared_ptr<HostedGame> game =
         CreateGame(present.ComponentName + QStringLiteral(".GameArea"), present.Path(), picPrint);
     m_GameControl = game;
     // The clock starts now as well as below: neither a tick left over from an earlier session nor a game that ends at

@@ -166,7 +166,7 @@ QString frmUpload::Send(const std::vector<Item> &Items)
     for (const Item &item : Items) {
         if (m_Cancel) break;
         ShowUploadProgress(++number, total);
-        const QString error = UploadGame(*item.Player, *item.Result);
+        QString error = UploadGame(*item.Player, *item.Result);
         if (!error.isEmpty()) return error;
     }
     return {};

@@ -84,7 +84,7 @@ void LanternArea::Begin(Part part)
 // Sets the time of watching back to the moment at which the next lantern is due.
 void LanternArea::Restart(int shown)
 {
-    m_Since = Now() - LeadIn - shown * Pace;
+    m_Since = Now() - LeadIn - qint64{shown} * Pace;
     Animate((static_cast<int>(m_Rules->Sequence().size()) - shown) * Pace);
 }
 
@@ -107,7 +107,7 @@ void LanternArea::Ticked()
         const int count = static_cast<int>(m_Rules->Sequence().size());
         const int due = passed < LeadIn ? 0 : std::min(count, 1 + static_cast<int>((passed - LeadIn) / Pace));
         if (due > m_Shown) {
-            if (passed - LeadIn - m_Shown * Pace > Late) Restart(m_Shown); // no lantern is swallowed or hurried
+            if (passed - LeadIn - qint64{m_Shown} * Pace > Late) Restart(m_Shown); // no lantern is swallowed or hurried
             Light(m_Rules->Sequence()[static_cast<std::size_t>(m_Shown++)]);
         } else if (passed >= LeadIn + count * Pace) {
             Begin(Part::Play);

@@ -36,7 +36,7 @@ QImage Keyed(const QImage &Picture)
     constexpr int MostKept = 32;
     static QCache<qint64, QImage> known(MostKept);
     if (const QImage *keyed = known.object(Picture.cacheKey())) return *keyed;
-    const QImage keyed = Look::WithoutKeyColour(Picture);
+    QImage keyed = Look::WithoutKeyColour(Picture);
     if (!keyed.isNull()) known.insert(Picture.cacheKey(), new QImage(keyed));
     return keyed;
 }

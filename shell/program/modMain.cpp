@@ -65,7 +65,7 @@ bool OnlineEnabled() { return Online; }
 std::shared_ptr<PicBox> NewPicBox()
 {
     static frmControls controls;
-    const std::shared_ptr<PicBox> box = controls.PicBox.emplace_back(std::make_shared<PicBox>());
+    std::shared_ptr<PicBox> box = controls.PicBox.emplace_back(std::make_shared<PicBox>());
     box->SetSize(1, 1);
     return box;
 }
