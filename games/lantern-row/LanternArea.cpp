@@ -107,7 +107,8 @@ void LanternArea::Ticked()
         const int count = static_cast<int>(m_Rules->Sequence().size());
         const int due = passed < LeadIn ? 0 : std::min(count, 1 + static_cast<int>((passed - LeadIn) / Pace));
         if (due > m_Shown) {
-            if (passed - LeadIn - qint64{m_Shown} * Pace > Late) Restart(m_Shown); // no lantern is swallowed or hurried
+            const bool isLate = passed - LeadIn - qint64{m_Shown} * Pace > Late;
+            if (isLate) Restart(m_Shown); // no lantern is swallowed or hurried
             Light(m_Rules->Sequence()[static_cast<std::size_t>(m_Shown++)]);
         } else if (passed >= LeadIn + count * Pace) {
             Begin(Part::Play);
