@@ -57,12 +57,13 @@ void CGame::Save()
     });
 }
 
-std::shared_ptr<colGamePlayed> CGame::BestTimes(std::int32_t Level, std::int32_t Mode) const
+std::shared_ptr<colGamePlayed> CGame::BestTimes(std::int32_t Level, std::int32_t Mode, std::int32_t Most) const
 {
     auto best = std::make_shared<colGamePlayed>();
     best->SetGame(Key);
     best->SetLevel(Level);
     best->SetMode(Mode);
+    best->SetMost(Most);
     best->Load();
     return best;
 }

@@ -43,9 +43,9 @@ public:
     void SaveSetting(const QString &Section, const QString &Name, const QString &Value) const;
     /// Failure: trapped, "Error saving Game info."
     void Save();
-    /// The results of all players in this game at one level in one mode, best first; read anew at each call.
-    /// Failure: passed on.
-    std::shared_ptr<colGamePlayed> BestTimes(std::int32_t Level, std::int32_t Mode) const;
+    /// The results of all players in this game at one level in one mode, best first; read anew at each call. All of
+    /// them, or the best ones up to Most. Failure: passed on.
+    std::shared_ptr<colGamePlayed> BestTimes(std::int32_t Level, std::int32_t Mode, std::int32_t Most = 0) const;
 
 private:
     QString m_StoredName;

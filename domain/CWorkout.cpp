@@ -9,6 +9,11 @@ colGamePlayed &CWorkout::GamesPlayed()
     return LoadedOnce(m_GamesPlayed, [this](colGamePlayed &list) { list.SetWorkout(Key); });
 }
 
+void CWorkout::TakeGamesPlayed(std::unique_ptr<colGamePlayed> Results)
+{
+    if (!m_GamesPlayed) m_GamesPlayed = std::move(Results);
+}
+
 void CWorkout::Save()
 {
     Trapped(QStringLiteral("Error saving Workout info."), [this] {

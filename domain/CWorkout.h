@@ -21,11 +21,15 @@ public:
     /// Its results, oldest first; loaded at the first read. Results added through it belong to it. Failure: passed
     /// on.
     colGamePlayed &GamesPlayed();
+    /// Hands over results that were read for several workouts at once. Nothing happens when they were read before.
+    void TakeGamesPlayed(std::unique_ptr<colGamePlayed> Results);
     /// Failure: trapped, "Error saving Workout info."
     void Save();
     /// Sets Status to 1 and saves.
     /// Failure: trapped by Save; Status stays 1 in memory.
     void Complete();
+
+    bool HasReadGamesPlayed() const { return m_GamesPlayed != nullptr; }
 
 private:
     std::unique_ptr<colGamePlayed> m_GamesPlayed;

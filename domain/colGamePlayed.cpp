@@ -86,8 +86,9 @@ std::unique_ptr<Recordset> colGamePlayed::Select() const
     if (m_Game >= 1)
         return modMain::GetRecordset(
             QStringLiteral("select * from GamePlayed where GamePlayedGame=? and GamePlayedLevel=? and "
-                           "GamePlayedMode=? order by GamePlayedScore desc, GamePlayedTime, gamePlayedTimestamp"),
-            QVariantList{m_Game, m_Level, m_Mode});
+                           "GamePlayedMode=? order by GamePlayedScore desc, GamePlayedTime, gamePlayedTimestamp "
+                           "limit ?"),
+            QVariantList{m_Game, m_Level, m_Mode, m_Most > 0 ? m_Most : -1}); // below 0 means all
     return nullptr;
 }
 
@@ -102,6 +103,26 @@ void colGamePlayed::Load()
         const std::int32_t key = result->Key;
         m_Results.AddRow(std::move(result), key);
     }
+}
+
+std::map<std::int32_t, std::unique_ptr<colGamePlayed>> colGamePlayed::LoadWorkoutsOf(std::int32_t Player)
+{
+    std::map<std::int32_t, std::unique_ptr<colGamePlayed>> lists;
+    const auto set = modMain::GetRecordset(
+        QStringLiteral("select * from GamePlayed where GamePlayedWorkout in (select WorkoutKey from Workout where "
+                       "WorkoutPlayer=?) order by GamePlayedWorkout, GamePlayedTimestamp"),
+        QVariantList{Player});
+    Recordset &row = Rows(set);
+    const ResultColumns columns(row);
+    for (; !row.Eof(); row.MoveNext()) {
+        auto result = columns.Record(row);
+        const std::int32_t key = result->Key;
+        auto &list = lists[result->Workout];
+        if (!list) list = std::make_unique<colGamePlayed>();
+        list->SetWorkout(result->Workout);
+        list->m_Results.AddRow(std::move(result), key);
+    }
+    return lists;
 }
 
 std::shared_ptr<CGamePlayed> colGamePlayed::ByCat(std::int32_t CategoryKey) const

@@ -9,6 +9,9 @@
 #include "domain/CGamePlayed.h"
 #include "domain/RecordList.h"
 
+#include <map>
+#include <memory>
+
 class Recordset;
 
 class colGamePlayed
@@ -33,9 +36,14 @@ public:
     void SetGame(std::int32_t Key) { m_Game = Key; }
     void SetLevel(std::int32_t Level) { m_Level = Level; }
     void SetMode(std::int32_t Mode) { m_Mode = Mode; }
+    /// How many of the best results are read at most; 0, as at first, for all.
+    void SetMost(std::int32_t Most) { m_Most = Most; }
     /// Replaces the list. Histories come oldest first, best results by score, then shorter time, then earlier.
     /// Failure: passed on; without a filter there is nothing to read, and that is one.
     void Load();
+    /// Of the results of one player's workouts, a list for each workout that has any, as Load with the workout's
+    /// filter gives it; one statement for all of them. Failure: passed on.
+    static std::map<std::int32_t, std::unique_ptr<colGamePlayed>> LoadWorkoutsOf(std::int32_t Player);
     /// The first result whose game lies in the category, or empty. Failure: passed on, for a game that is not in the
     /// catalogue.
     std::shared_ptr<CGamePlayed> ByCat(std::int32_t CategoryKey) const;
@@ -51,4 +59,5 @@ private:
     std::int32_t m_Game = 0;
     std::int32_t m_Level = 0;
     std::int32_t m_Mode = 0;
+    std::int32_t m_Most = 0;
 };

@@ -3,6 +3,8 @@
 #include "domain/Row.h"
 #include "platform/Clock.h"
 
+#include <algorithm>
+
 std::shared_ptr<CWorkout> colWorkout::Add()
 {
     auto workout = std::make_shared<CWorkout>();
@@ -29,6 +31,21 @@ void colWorkout::Load()
         workout->Status = row.Long(u"WorkoutStatus");
         workout->Mode = LongOr(row, u"WorkoutMode", 0);
         m_Workouts.AddRow(workout, workout->Key);
+    }
+}
+
+void colWorkout::LoadResults()
+{
+    const bool allRead =
+        std::all_of(begin(), end(), [](const auto &workout) { return workout->HasReadGamesPlayed(); });
+    if (allRead) return;
+    auto lists = colGamePlayed::LoadWorkoutsOf(m_PlayerKey);
+    for (const auto &workout : m_Workouts) {
+        if (workout->Key < 1) continue; // never stored: asking it for its results says so
+        auto &list = lists[workout->Key];
+        if (!list) list = std::make_unique<colGamePlayed>();
+        list->SetWorkout(workout->Key);
+        workout->TakeGamesPlayed(std::move(list));
     }
 }
 

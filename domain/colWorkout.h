@@ -21,6 +21,9 @@ public:
     auto end() const { return m_Workouts.end(); }
     /// Replaces the list. PlayerKey must be set before. Failure: passed on.
     void Load();
+    /// Reads the results of all workouts whose results were not read yet by one statement: with thousands of them,
+    /// one each takes as long as ten frames. Failure: passed on.
+    void LoadResults();
     /// The last open workout of the list, or empty.
     std::shared_ptr<CWorkout> Current() const;
 

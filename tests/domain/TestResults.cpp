@@ -196,6 +196,17 @@ TEST_F(Results, OfDeletedPlayersStayOnTheLeaderboard)
     EXPECT_EQ(modMain::Players->Find(bob->Key), nullptr);
 }
 
+TEST_F(Results, BestTimesUpToANumberAreTheFirstOfAll)
+{
+    for (const int score : {10, 90, 50, 70, 30}) Practised(score, 5);
+    const auto all = Game(QStringLiteral("Arrows"))->BestTimes(Level, Practice);
+    const auto three = Game(QStringLiteral("Arrows"))->BestTimes(Level, Practice, 3);
+    EXPECT_EQ(all->Count(), 5);
+    ASSERT_EQ(three->Count(), 3);
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(three->Item(i)->Key, all->Item(i)->Key);
+    EXPECT_EQ(Game(QStringLiteral("Arrows"))->BestTimes(Level, Practice, 9)->Count(), 5);
+}
+
 TEST_F(Results, BestTimesIsReadAnewEachTime)
 {
     const auto before = Game(QStringLiteral("Arrows"))->BestTimes(Level, Practice);

@@ -5,6 +5,8 @@
 
 namespace
 {
+QString S(const char *text) { return QString::fromUtf8(text); }
+
 class Workouts : public DomainTest
 {
 protected:
@@ -173,4 +175,49 @@ TEST_F(Workouts, OneThatCouldNotBeSavedStandsUnderKeyZero)
     EXPECT_EQ(List().Add()->Key, 0);
     EXPECT_EQ(TakeMessages(), u"Error saving Workout info.");
     EXPECT_EQ(List().Item(QStringLiteral("K0"))->Player, m_ann->Key);
+}
+
+TEST_F(Workouts, ResultsOfAllAreReadByOneStatementAndLikeOneByOne)
+{
+    GivenGame(S("Arrows"), {.Name = "Arrows", .Category = "Attention"});
+    Start();
+    for (int workout = 0; workout < 3; ++workout) {
+        const auto made = List().Add();
+        for (int points = 0; points < workout; ++points) made->GamesPlayed().Add(1, 1, 1, 1, points * 10, 1, 1, 0);
+    }
+    modMain::Players->Add()->Workouts().Add()->GamesPlayed().Add(2, 1, 1, 1, 99, 1, 1, 0);
+    const auto told = [](colWorkout &list) {
+        QStringList all;
+        for (const auto &workout : list) {
+            all << QString::number(workout->Key);
+            for (const auto &result : workout->GamesPlayed()) all << S("%1p").arg(result->Points);
+        }
+        return all.join(u' ');
+    };
+    StartAgain();
+    const QString singly = told(modMain::Players->Item(1)->Workouts());
+    EXPECT_EQ(singly, S("1 2 0p 3 0p 10p"));
+
+    StartAgain();
+    colWorkout &list = modMain::Players->Item(1)->Workouts();
+    const auto known = list.Item(2);
+    known->GamesPlayed().Add(1, 1, 1, 1, 7, 1, 1, 0);
+    list.LoadResults();
+    EXPECT_EQ(known->GamesPlayed().Count(), 2) << "read before";
+    const int calls = m_store.Calls();
+    EXPECT_EQ(told(list), S("1 2 0p 7p 3 0p 10p"));
+    list.LoadResults();
+    EXPECT_EQ(m_store.Calls(), calls) << "nothing is left to read";
+}
+
+TEST_F(Workouts, OneThatWasNeverSavedStillFailsAfterAllWereRead)
+{
+    List();
+    {
+        const FailingCall first(m_store, 1);
+        List().Add();
+    }
+    TakeMessages();
+    List().LoadResults();
+    EXPECT_THROW(List().Item(QStringLiteral("K0"))->GamesPlayed(), RuntimeError);
 }
