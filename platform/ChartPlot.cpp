@@ -15,18 +15,30 @@ using ChartScale::Point;
 
 namespace
 {
-constexpr double EndRoom = 12;      // [px] between the ends of the plot and the outer points
-constexpr double MarkDistance = 11; // [px] from mark to mark, at least
-constexpr double TooClose = 3, MeanWidth = 16, MeanMarkDistance = 24; // [px] from point to point
-constexpr int SmallestPlot = 10;                                      // [px]
-constexpr double LineDistance = 26;                                   // [px] between lines of the Y grid, at least
+constexpr double EndRoom = 12;                          // [px] between the ends of the plot and the outer points
+constexpr double MarkDistance = 11;                     // [px] from mark to mark, at least
+constexpr double TooClose = 2.6, CloserByLine = 0.4;    // [px] from point to point; the second for each line
+constexpr double MeanWidth = 16, MeanMarkDistance = 24; // [px] the same
+constexpr int SmallestPlot = 10;                        // [px]
+constexpr double LineDistance = 26;                     // [px] between lines of the Y grid, at least
 constexpr int MostLinesOfY = 12, MostLinesOfX = 100;
 constexpr int TickLength = 4, LabelGap = 4;             // [px]
 constexpr int IconWidth = 40, IconGap = 7, KeyGap = 22; // [px]
 constexpr int KeyFoot = 10, KeyLeading = 4;             // [px] below the key; between its lines
-constexpr double KeyShare = 0.4, LabelShare = 0.4;      // of the height: what key and labels may take at most
+constexpr double WantedKeyShare = 0.2, KeyShare = 0.4;  // of the height: what the key should take, and may at most
+constexpr int NarrowestKey = 150;                       // [px] of an entry
+constexpr double LabelShare = 0.4;                      // of the height: what labels may take at most
 constexpr double SmallestKeyFont = 8.25, Shrink = 0.94;
-constexpr int GridInk = 40, DotInk = 70, NoteInk = 210; // of 255
+constexpr int GridInk = 40, NoteInk = 230;                             // of 255
+constexpr double MostDotInk = 170, LeastDotInk = 45, DotInkFades = 22; // of 255; by each doubling of the dots
+constexpr double FewDots = 300;
+
+// Few dots are strong, many are a haze behind the lines.
+int DotInk(std::size_t count)
+{
+    const double doublings = std::log2(static_cast<double>(count) / FewDots);
+    return static_cast<int>(std::clamp(MostDotInk - DotInkFades * doublings, LeastDotInk, MostDotInk));
+}
 
 void SetLook(QCPAxis *axis, const QFont &font, const QColor &colour, const QColor &text, QColor grid)
 {
@@ -99,6 +111,13 @@ void ChartPlot::Draw()
     DrawKey();
     DrawNote();
     m_Plot->replot(QCustomPlot::rpQueuedRefresh);
+}
+
+QImage ChartPlot::Picture(double Scale) const
+{
+    QImage picture = m_Plot->toPixmap(m_Plot->width(), m_Plot->height(), Scale).toImage();
+    picture.setDevicePixelRatio(Scale);
+    return picture;
 }
 
 QRect ChartPlot::Area() const
@@ -202,7 +221,7 @@ void ChartPlot::FindKey()
     if (!m_Chart.showkey || all.empty()) return;
     const int width = std::max(1, m_Chart.width() - m_Margins.left() - m_Margins.right());
     const int count = static_cast<int>(all.size());
-    m_Key.Font = Resolved(m_Chart.chartfont);
+    m_Key.Font = Resolved(m_Chart.keyfont);
     for (;;) {
         const QFontMetrics text(m_Key.Font);
         int widest = 0;
@@ -214,8 +233,15 @@ void ChartPlot::FindKey()
         if (fits || m_Key.Font.pointSizeF() * Shrink < SmallestKeyFont) break;
         m_Key.Font.setPointSizeF(m_Key.Font.pointSizeF() * Shrink);
     }
+    // Long names stand beside each other all the same, and lose their middle.
+    const int wanted = std::max(m_Margins.top(), static_cast<int>(m_Chart.height() * WantedKeyShare));
+    while (KeyHeight() + KeyLeading > wanted && m_Key.Columns < count &&
+           width / (m_Key.Columns + 1) >= NarrowestKey) {
+        m_Key.Item.setWidth(width / ++m_Key.Columns);
+        m_Key.Rows = (count + m_Key.Columns - 1) / m_Key.Columns;
+    }
     const int most = std::max(m_Margins.top(), static_cast<int>(m_Chart.height() * KeyShare));
-    while (m_Key.Rows > 1 && KeyHeight() > most) --m_Key.Rows;
+    while (m_Key.Rows > 1 && KeyHeight() + KeyLeading > most) --m_Key.Rows;
     if (KeyHeight() > m_Margins.top()) m_Margins.setTop(KeyHeight() + KeyLeading);
 }
 
@@ -256,7 +282,9 @@ void ChartPlot::DrawSeries()
         most = std::max(most, all.back().size());
     }
     double apart = PointsWidth() / static_cast<double>(most - 1);
-    m_MeanOf = m_Chart.averages && apart < TooClose ? static_cast<std::size_t>(std::ceil(MeanWidth / apart)) : 1;
+    // The more lines there are, the sooner they are a tangle.
+    const double tooClose = TooClose + CloserByLine * static_cast<double>(all.size());
+    m_MeanOf = m_Chart.averages && apart < tooClose ? static_cast<std::size_t>(std::ceil(MeanWidth / apart)) : 1;
     if (m_MeanOf > 1) DrawDots(all);
     apart *= static_cast<double>(m_MeanOf);
     for (std::vector<Point> &points : all)
@@ -274,8 +302,10 @@ void ChartPlot::DrawSeries()
 // The points themselves, where the lines are their means.
 void ChartPlot::DrawDots(const std::vector<std::vector<Point>> &All)
 {
+    std::size_t count = 1;
+    for (const std::vector<Point> &points : All) count += points.size();
     for (std::size_t i = 0; i < All.size(); ++i)
-        ChartLines::AddDots(*m_Plot, *m_Chart.AllSeries()[i], All[i], DotInk);
+        ChartLines::AddDots(*m_Plot, *m_Chart.AllSeries()[i], All[i], DotInk(count));
 }
 
 void ChartPlot::DrawTints(const std::vector<std::vector<Point>> &All)
@@ -299,7 +329,7 @@ void ChartPlot::DrawKey()
     const auto room = static_cast<std::size_t>(m_Key.Columns * m_Key.Rows);
     for (std::size_t i = 0; i < std::min(room, m_Lines.size()); ++i) {
         QCPGraph *line = m_Lines[i];
-        line->setName(text.elidedText(line->name(), Qt::ElideRight, m_Key.Item.width() - IconWidth - IconGap));
+        line->setName(text.elidedText(line->name(), Qt::ElideMiddle, m_Key.Item.width() - IconWidth - IconGap));
         line->addToLegend();
     }
     const QSizeF plot = Area().size();
@@ -323,7 +353,7 @@ void ChartPlot::DrawNote()
     note->setColor(ToColour(m_Chart.axiscolour));
     note->setBrush(ground);
     note->setPadding(QMargins(6, 3, 6, 3));
-    note->setText(QStringLiteral("Ø %1").arg(m_MeanOf));
+    note->setText(QString(m_Chart.averagesnote).replace(QStringLiteral("%1"), QString::number(m_MeanOf)));
 }
 
 extern "C" Q_DECL_EXPORT ChartSurface *MakeChartPlot(LarkChart *Chart) { return new ChartPlot(Chart); }

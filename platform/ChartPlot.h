@@ -7,6 +7,7 @@
 #include "platform/ChartSurface.h"
 
 #include <QFont>
+#include <QImage>
 #include <QMargins>
 #include <QSize>
 
@@ -23,6 +24,7 @@ public:
     explicit ChartPlot(LarkChart *Chart);
 
     void Draw() override;
+    QImage Picture(double Scale) const override;
     QRect Area() const override;
     QPointF PlaceOf(double X, double Y) const override;
     double YFrom() const override { return m_Y.From; }

@@ -2,6 +2,7 @@
 // is loaded with the first chart to be shown: most starts show none, and it brings half of Qt's printing along.
 #pragma once
 
+#include <QImage>
 #include <QPointF>
 #include <QRect>
 
@@ -16,6 +17,8 @@ public:
 
     /// Draws settings and series of the chart in its present size.
     virtual void Draw() = 0;
+    /// What was drawn last, anew on a finer ground.
+    virtual QImage Picture(double Scale) const = 0;
 
     virtual QRect Area() const = 0; // [px]
     virtual QPointF PlaceOf(double X, double Y) const = 0;

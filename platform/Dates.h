@@ -7,6 +7,9 @@
 QString FormatDayMonthYear(double Days);
 /// "DD-MMM-YY": 05-Mar-26.
 QString FormatShortDate(double Days);
+/// As machines read it: 2026-03-05, and 2026-03-05T18:30:00. Empty for what no calendar holds.
+QString IsoDate(double Days);
+QString IsoDateTime(double Days);
 /// A date by a format of d, m (always the month) and y, in either case: "dd-mmm-yy". Empty for what no calendar
 /// holds.
 QString FormatDate(double Days, const QString &Format);

@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QToolTip>
 
 #include <algorithm>
@@ -18,9 +19,11 @@
 
 namespace
 {
-constexpr double ChartPoints = 14.25, AxisPoints = 8.25;
-constexpr double TipReach = 9;      // [px] how near to a point its tip appears
-constexpr int EmptyAround = 40;     // [px] beside the empty text, both sides together
+constexpr double ChartPoints = 14.25, KeyPoints = 10.5, AxisPoints = 8.25;
+constexpr double TipReach = 9;  // [px] how near to a point its tip appears
+constexpr int EmptyAround = 40; // [px] beside the empty text, both sides together
+constexpr int EmptyPadding = 8; // [px] within its ground
+constexpr double PictureScale = 2;
 constexpr std::size_t ToldLast = 5; // points of each series in the description
 
 QFont BoldFont(double points)
@@ -46,6 +49,7 @@ QString Number(double value)
 LarkChart::LarkChart(QWidget *Parent)
     : QWidget(Parent),
       chartfont(BoldFont(ChartPoints)),
+      keyfont(BoldFont(KeyPoints)),
       xaxisfont(BoldFont(AxisPoints)),
       yaxisfont(BoldFont(AxisPoints)),
       m_Empty(new QLabel(this))
@@ -91,14 +95,24 @@ void LarkChart::ShowEmptyText()
     font.setFamilies(font.families());
     m_Empty->setFont(font);
     m_Empty->setText(emptytext);
+    m_Empty->setStyleSheet(QStringLiteral("color: #55636B; background: %1;").arg(ToColour(plotbackcolour).name()));
+    m_Empty->setMargin(EmptyPadding);
     const QRect plot = PlotArea();
     const int width = std::min(plot.width(), QFontMetrics(font).size(0, emptytext).width() + EmptyAround);
     QRect place(0, 0, width, std::min(plot.height(), m_Empty->heightForWidth(width)));
     place.moveCenter(plot.center());
     m_Empty->setGeometry(place);
-    m_Empty->setStyleSheet(
-        QStringLiteral("color: #55636B; padding: 8px; background: %1;").arg(ToColour(plotbackcolour).name()));
     m_Empty->setVisible(!HasPoint() && !emptytext.isEmpty());
+}
+
+QImage LarkChart::Picture() const
+{
+    if (!m_Plot) return {};
+    QImage picture = m_Plot->Picture(PictureScale);
+    if (m_Empty->isHidden()) return picture;
+    QPainter painter(&picture);
+    m_Empty->render(&painter, m_Empty->pos());
+    return picture;
 }
 
 QRect LarkChart::PlotArea() const { return m_Plot ? m_Plot->Area() : QRect(); }

@@ -3,8 +3,11 @@
 #pragma once
 
 #include <QFont>
+#include <QImage>
+#include <QList>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <algorithm>
@@ -51,9 +54,11 @@ class LarkChart : public QWidget
     Q_PROPERTY(int gridcolour MEMBER gridcolour)
     Q_PROPERTY(int yaxistextcolour MEMBER yaxistextcolour)
     Q_PROPERTY(QFont chartfont MEMBER chartfont)
+    Q_PROPERTY(QFont keyfont MEMBER keyfont)
     Q_PROPERTY(QFont xaxisfont MEMBER xaxisfont)
     Q_PROPERTY(QFont yaxisfont MEMBER yaxisfont)
     Q_PROPERTY(bool averages MEMBER averages)
+    Q_PROPERTY(QString averagesnote MEMBER averagesnote)
     Q_PROPERTY(QString emptytext MEMBER emptytext)
 
 public:
@@ -83,12 +88,14 @@ public:
     std::int32_t axiscolour = 0;
     std::int32_t gridcolour = 0;
     std::int32_t yaxistextcolour = 0;
-    QFont chartfont; // of the key and of the empty text; the key takes a smaller one where it has no room
+    QFont chartfont; // of the empty text
+    QFont keyfont;   // a smaller one is taken where it has no room
     QFont xaxisfont;
     QFont yaxisfont;
-    // Where points lie too close to be told apart, they are dots, and the line is their mean; "Ø 7" tells of how
-    // many.
+    // Where points lie too close to be told apart, they are dots, and the line is their mean; the note tells of how
+    // many, "%1" being the number.
     bool averages = true;
+    QString averagesnote = QStringLiteral("Ø %1");
     QString emptytext;
 
     /// The series of that name, made at the first asking. It stays where it is until Clear.
@@ -114,6 +121,14 @@ public:
     {
         return evenspacing ? static_cast<double>(Position + 1) : Series.X[Position];
     }
+    /// All values as a table for other programs: a row of names, XName the first, then a row for each place of the X
+    /// axis from left to right. Dates as machines read them, all with their time when one has a time part; nothing
+    /// where a value is missing.
+    QList<QStringList> Table(const QString &XName) const;
+    bool HasPoint() const;
+    /// The chart as drawn last, twice as sharp as the screen, and without marks of the keyboard.
+    QImage Picture() const;
+
     /// What is written at a place of the X axis; empty where nothing stands.
     virtual QString LabelAt(double Along) const;
 
@@ -128,7 +143,6 @@ protected:
 
 private:
     void ShowEmptyText();
-    bool HasPoint() const;
     QString TipAt(const QPoint &Place) const;
     QString Description() const;
 

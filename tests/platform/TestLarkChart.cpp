@@ -1,5 +1,6 @@
 #include "platform/ChartScale.h"
 #include "platform/Clock.h"
+#include "platform/Dates.h"
 #include "platform/LarkChart.h"
 
 #include <gtest/gtest.h>
@@ -135,7 +136,9 @@ TEST_F(Chart, EveryPropertyKeepsWhatIsSet)
                                                           {"chartfont", QFont(S("Inter"), 20)},
                                                           {"xaxisfont", QFont(S("Inter"), 21)},
                                                           {"yaxisfont", QFont(S("Inter"), 22)},
+                                                          {"keyfont", QFont(S("Inter"), 23)},
                                                           {"averages", false},
+                                                          {"averagesnote", S("%1")},
                                                           {"emptytext", S("nothing")}};
     for (const auto &[name, value] : others) {
         ASSERT_TRUE(m_Chart.setProperty(name, value)) << name;
@@ -265,6 +268,77 @@ TEST_F(Chart, ANewChartSaysThatNothingIsRecorded)
     m_Chart.Clear();
     Drawn();
     EXPECT_TRUE(Empty().isVisible());
+}
+
+TEST_F(Chart, TheEmptyTextIsNotCut)
+{
+    Given(S("Memory"), {ChartScale::Missing});
+    for (const char *text : {"One line.", "Nothing recorded yet.\nThe points of each workout will appear here.",
+                             "A text that is much longer than the chart is wide, so that it needs several lines, and "
+                             "then some more of them to say all that it has to say"}) {
+        m_Chart.emptytext = S(text);
+        Drawn();
+        EXPECT_GE(Empty().height(), Empty().heightForWidth(Empty().width())) << text;
+        EXPECT_GE(Empty().height(),
+                  Empty().fontMetrics().height() * (1 + S(text).count(u'\n')) + 2 * Empty().margin());
+    }
+}
+
+TEST_F(Chart, TheTableHasARowForEachPlaceAndNothingForWhatIsMissing)
+{
+    m_Chart.evenspacing = true;
+    Given(S("Memory"), {10, ChartScale::Missing, 12.5});
+    Given(S("Logic, \"hard\""), {ChartScale::Missing, 20, 30});
+    const QStringList head{S("Date"), S("Memory"), S("Logic, \"hard\"")};
+    const QString first = IsoDate(m_Chart.AllSeries()[0]->X[0]);
+    const auto table = m_Chart.Table(S("Date"));
+    ASSERT_EQ(table.size(), 4);
+    EXPECT_EQ(table[0], head);
+    EXPECT_EQ(table[1], QStringList({first, S("10"), QString()}));
+    EXPECT_EQ(table[2].mid(1), QStringList({QString(), S("20")}));
+    EXPECT_EQ(table[3].mid(1), QStringList({S("12.5"), S("30")}));
+}
+
+TEST_F(Chart, TheTableByTimeHasOneRowForAMomentAndTellsTimesOnceThereIsOne)
+{
+    m_Chart.evenspacing = false;
+    ChartSeries &one = m_Chart.Series(S("One"));
+    one.X = {46086, 46086, 46087.75};
+    one.Y = {1, 2, 3};
+    ChartSeries &two = m_Chart.Series(S("Two"));
+    two.X = {46086, 46085.5};
+    two.Y = {4, 5};
+    const auto table = m_Chart.Table(S("Date"));
+    ASSERT_EQ(table.size(), 5);
+    EXPECT_EQ(table[1], QStringList({S("2026-03-04T12:00:00"), QString(), S("5")}));
+    EXPECT_EQ(table[2], QStringList({S("2026-03-05T00:00:00"), S("1"), S("4")}));
+    EXPECT_EQ(table[3], QStringList({S("2026-03-05T00:00:00"), S("2"), QString()}));
+    EXPECT_EQ(table[4], QStringList({S("2026-03-06T18:00:00"), S("3"), QString()}));
+}
+
+TEST_F(Chart, ItsPictureIsTwiceAsSharpAndHoldsTheEmptyText)
+{
+    Given(S("Memory"), {ChartScale::Missing});
+    Drawn();
+    const QImage picture = m_Chart.Picture();
+    EXPECT_EQ(picture.size(), m_Chart.size() * 2);
+    const QRect middle(m_Chart.PlotArea().center() * 2 - QPoint(60, 10), QSize(120, 20));
+    int dark = 0;
+    for (int y = middle.top(); y <= middle.bottom(); ++y)
+        for (int x = middle.left(); x <= middle.right(); ++x) dark += qGray(picture.pixel(x, y)) < 160 ? 1 : 0;
+    EXPECT_GT(dark, 50);
+}
+
+TEST_F(Chart, MeansAreToldInTheWordsOfTheOwner)
+{
+    m_Chart.evenspacing = true;
+    std::vector<double> many(2000, 10);
+    Given(S("Memory"), many);
+    m_Chart.xmax = 2000;
+    m_Chart.averagesnote = QString();
+    const QImage plain = Drawn();
+    m_Chart.averagesnote = S("Mean of %1");
+    EXPECT_NE(Drawn(), plain);
 }
 
 TEST_F(Chart, SixStylesAreToldApartWithoutColour)
