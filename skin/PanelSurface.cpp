@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -17,13 +18,42 @@ void Report(std::function<void(Told...)> report, Told... told)
     if (call) call(told...);
 }
 
-// To a screen reader a row is a button; the panel's ground is nothing to be read.
+// To a screen reader the normal surface of a row is the button; the two that are shown over it are its looks.
+class RowInterface final : public QAccessibleWidget
+{
+public:
+    explicit RowInterface(QWidget *Surface) : QAccessibleWidget(Surface) {}
+
+    QAccessible::Role role() const override
+    {
+        return IsRow() ? QAccessible::Button : IsPanel() ? QAccessible::Pane : QAccessible::Graphic;
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State told = QAccessibleWidget::state();
+        if (!IsRow() && !IsPanel()) told.invisible = true;
+        if (!IsRow()) return told;
+        const QString selected = QStringLiteral("picSelected") + Name().mid(RowName.size());
+        const auto surfaces = object()->parent()->findChildren<QWidget *>(selected, Qt::FindDirectChildrenOnly);
+        told.selectable = true;
+        told.selected =
+            std::any_of(surfaces.begin(), surfaces.end(), [](const QWidget *one) { return one->isVisible(); });
+        return told;
+    }
+
+private:
+    static constexpr QStringView RowName = u"picNormal";
+    QString Name() const { return object()->objectName(); }
+    bool IsRow() const { return Name().startsWith(RowName); }
+    bool IsPanel() const { return Name() == u"picPanel"; }
+};
+
 QAccessibleInterface *InterfaceFor(const QString &className, QObject *object)
 {
-    auto *const surface = className == QLatin1String("PanelSurface") ? qobject_cast<QWidget *>(object) : nullptr;
-    if (surface == nullptr) return nullptr;
-    return new QAccessibleWidget(surface,
-                                 surface->accessibleName().isEmpty() ? QAccessible::Pane : QAccessible::Button);
+    auto *widget = qobject_cast<QWidget *>(object);
+    if (className == QLatin1String("PanelSurface")) return new RowInterface(widget);
+    if (className == QLatin1String("ctlButtonPanel")) return new QAccessibleWidget(widget, QAccessible::Grouping);
+    return nullptr;
 }
 } // namespace
 
