@@ -27,8 +27,9 @@ constexpr Twips StripNarrower{60};
 constexpr Twips ButtonGap{30};
 constexpr double FrameRadius = 6; // [px] no more, or the corners of the strip would show outside of it
 constexpr double TitleFont = 15.75, NameFont = 16;
-constexpr int NameRaised = 8; // [px], so that the name stands on one line with its title
-constexpr int NameMargin = 4; // [px], what the box keeps free on each side of its text
+constexpr int NameRaised = 8;    // [px], so that the name stands on one line with its title
+constexpr int SmallestName = 12; // [px], what can still be read at arm's length
+constexpr int NameMargin = 4;    // [px], what the box keeps free on each side of its text
 constexpr std::int32_t YesAndNo = 4, Yes = 6, QuestionFont = 16;
 
 enum Words : std::int16_t { Title = 501, Edit = 502, Delete = 503, Save = 504, ReallyDelete = 505 };
@@ -66,7 +67,7 @@ void StyleName(QLineEdit *box)
 void FitName(QLineEdit *box)
 {
     QFont font = Caption::DesignFont(box->font(), NameFont, true);
-    const int smallest = font.pixelSize() / 2;
+    const int smallest = SmallestName;
     const int room = box->width() - 2 * NameMargin;
     if (box->isReadOnly())
         while (font.pixelSize() > smallest && QFontMetrics(font).horizontalAdvance(box->text()) > room)

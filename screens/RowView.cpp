@@ -3,6 +3,7 @@
 #include "screens/Design.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -65,7 +66,7 @@ void RowView::FitBar(int beyond)
 {
     const bool needed = beyond > 0;
     m_Bar->setRange(0, needed ? beyond + Foot : 0);
-    m_Bar->setPageStep(std::max(RowStep, height()));
+    m_Bar->setPageStep(std::max(RowStep, height() - RowStep)); // a row of the page before stays in sight
     m_Bar->setGeometry(width() - BarWidth, 0, BarWidth, height());
     m_Bar->setVisible(needed);
     m_Bar->raise();
@@ -93,6 +94,15 @@ void RowView::wheelEvent(QWheelEvent *event)
     if (m_Bar == nullptr || m_Bar->maximum() == 0) return event->ignore();
     ScrollTo(Scrolled() - event->angleDelta().y() * 3 * RowStep / WheelNotch);
     event->accept();
+}
+
+// Keys that the control with the focus has no use for.
+void RowView::keyPressEvent(QKeyEvent *event)
+{
+    const bool down = event->key() == Qt::Key_PageDown;
+    if (m_Bar == nullptr || m_Bar->maximum() == 0 || (!down && event->key() != Qt::Key_PageUp))
+        return event->ignore();
+    m_Bar->triggerAction(down ? QAbstractSlider::SliderPageStepAdd : QAbstractSlider::SliderPageStepSub);
 }
 
 void RowView::FollowFocus(const QWidget *Now)

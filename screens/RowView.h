@@ -1,6 +1,6 @@
 // A window onto rows that may be more than fit. The rows lie on a sheet that has the coordinates of the screen, so
-// that each keeps its designed place; where they end below the window, a wheel, a thin bar, or the focus moves the
-// sheet.
+// that each keeps its designed place; where they end below the window, a wheel, a thin bar, the page keys, or the
+// focus moves the sheet.
 #pragma once
 
 #include <QWidget>
@@ -30,6 +30,7 @@ public:
 
 protected:
     void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void FollowFocus(const QWidget *Now);

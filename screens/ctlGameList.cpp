@@ -6,14 +6,19 @@
 #include "domain/colPlayer.h"
 #include "domain/upload/frmUpload.h"
 #include "platform/Convert.h"
+#include "platform/Csv.h"
 #include "platform/Dates.h"
+#include "screens/BestTable.h"
 #include "screens/RowView.h"
+#include "screens/SaveFile.h"
 #include "sdk/controls/LarkButton.h"
+#include "sdk/controls/TransLabel.h"
 #include "sdk/controls/cTransPictureBox.h"
-#include "shell/program/MainForm.h"
 #include "shell/program/modMain.h"
 #include "skin/ctlButtonPanel.h"
 
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -25,6 +30,16 @@ constexpr std::int32_t PracticeMode = 3;
 // A settings file that asks for a million levels would fill the machine with buttons.
 constexpr std::int32_t MostLevels = 999;
 const QString Nothing = QStringLiteral("-");
+
+// Hours too, or a spreadsheet would take minutes for them.
+QString ClockTime(std::int32_t seconds)
+{
+    const QChar zero(u'0');
+    return QStringLiteral("%1:%2:%3")
+        .arg(seconds / 3600, 2, 10, zero)
+        .arg(seconds / 60 % 60, 2, 10, zero)
+        .arg(seconds % 60, 2, 10, zero);
+}
 
 std::int32_t LevelsOf(const CGame &Game)
 {
@@ -119,18 +134,63 @@ void ctlGameList::Upload()
 
 void ctlGameList::ShowBestTimes()
 {
-    const auto best = m_Game ? m_Game->BestTimes(m_Level, PracticeMode) : nullptr;
+    // No more than can be shown: where tens of thousands were played, reading all of them takes longer than a frame.
+    const auto most = static_cast<std::int32_t>(TableRows);
+    const auto best = m_Game ? m_Game->BestTimes(m_Level, PracticeMode, most) : nullptr;
+    m_Results.clear();
+    QStringList told;
     for (std::size_t i = 0; i < TableRows; ++i) {
         const Line &line = m_Table[i];
-        for (cTransPictureBox *cell : {line.lblName, line.lblScore, line.lblTimeTaken, line.lblDate})
-            cell->SetCaption(Nothing);
+        const std::array cells{line.lblName, line.lblScore, line.lblTimeTaken, line.lblDate};
+        for (cTransPictureBox *cell : cells) cell->SetCaption(Nothing);
         const auto position = static_cast<std::int32_t>(i) + 1;
         if (!best || best->Count() < position) continue;
-        const CGamePlayed &result = *best->Item(position);
-        // The results of a player who is gone stay, and so does their place; only the name is unknown.
-        if (const auto player = modMain::Players->Find(result.Player)) line.lblName->SetCaption(player->Name);
-        line.lblScore->SetCaption(QString::number(result.Score) + u'%');
-        line.lblTimeTaken->SetCaption(modMain::FormatTime(result.Time, false));
-        line.lblDate->SetCaption(FormatShortDate(result.Timestamp));
+        ShowResult(line, *best->Item(position));
+        QStringList row{line.lblPos->Caption()};
+        for (const cTransPictureBox *cell : cells) row << cell->Caption();
+        told << row.join(u' ');
     }
+    m_BestTable->SetRows(told);
+}
+
+// The results of a player who is gone stay, and so does their place; only the name is unknown.
+void ctlGameList::ShowResult(const Line &Line, const CGamePlayed &Result)
+{
+    const auto player = modMain::Players->Find(Result.Player);
+    if (player) Line.lblName->SetCaption(player->Name);
+    Line.lblScore->SetCaption(QString::number(Result.Score) + u'%');
+    Line.lblTimeTaken->SetCaption(modMain::FormatTime(Result.Time, false));
+    Line.lblDate->SetCaption(FormatShortDate(Result.Timestamp));
+    m_Results << QStringList{player ? player->Name : Nothing, QString::number(Result.Score), ClockTime(Result.Time),
+                             IsoDate(Result.Timestamp)};
+}
+
+void ctlGameList::OfferToSave(const QPoint &At)
+{
+    Savable table{QStringLiteral("Save table as CSV"),
+                  lblBestTime->Caption(),
+                  QStringLiteral("csv"),
+                  QStringLiteral("CSV table"),
+                  {}};
+    if (m_Game) table.Name += QStringLiteral(" - %1 - %2 %3").arg(m_Game->Name(), Word(LevelWord)).arg(m_Level);
+    QList<QStringList> rows{
+        {lblNameTitle->Caption(), lblScoreTitle->Caption(), lblTimeTitle->Caption(), lblDateTitle->Caption()}};
+    rows << m_Results;
+    if (!m_Results.isEmpty()) table.Bytes = [rows] { return ToCsv(rows); };
+    ShowSaveMenu(this, At, {table});
+}
+
+void ctlGameList::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QRect table = m_BestTable->geometry();
+    if (event->reason() == QContextMenuEvent::Mouse ? table.contains(event->pos()) : m_BestTable->hasFocus())
+        OfferToSave(event->reason() == QContextMenuEvent::Mouse ? event->pos() : table.center());
+    else
+        event->ignore();
+}
+
+void ctlGameList::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_BestTable->hasFocus() || !AsksForMenu(*event)) return Screen::keyPressEvent(event);
+    OfferToSave(m_BestTable->geometry().center());
 }

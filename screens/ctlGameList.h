@@ -4,12 +4,18 @@
 
 #include "screens/Screen.h"
 
+#include <QList>
+#include <QStringList>
+
 #include <array>
 #include <functional>
 #include <memory>
 
+class BestTable;
 class CCategory;
 class CGame;
+class CGamePlayed;
+class QPoint;
 class RowView;
 class TransLabel;
 class cTransPictureBox;
@@ -36,6 +42,8 @@ public:
 
 protected:
     void Arrange() override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     static constexpr std::size_t TableRows = 5;
@@ -57,9 +65,11 @@ private:
     void MakeButtons();
     void MakeTable();
     void MakeLinks();
+    void OfferToSave(const QPoint &At);
     Panel PutPanel(const QString &Name, const QRect &Place);
     void PlacePanel(const Panel &Panel, int Left, int Bottom);
     void ShowLevels(bool Visible);
+    void ShowResult(const Line &Line, const CGamePlayed &Result);
     void ChooseCategory(const QString &Key);
     void ChooseGame(const QString &Key);
     void ChooseLevel(const QString &Key);
@@ -81,6 +91,8 @@ private:
     cTransPictureBox *lblTimeTitle = nullptr;
     cTransPictureBox *lblDateTitle = nullptr;
     std::array<Line, TableRows> m_Table{};
+    BestTable *m_BestTable = nullptr;
+    QList<QStringList> m_Results; // what the table shows, as it is saved
     TransLabel *lblURL = nullptr;
     TransLabel *lblNewGames = nullptr;
 

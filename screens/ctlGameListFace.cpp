@@ -1,4 +1,5 @@
 // The practice screen's controls, and where they stand.
+#include "screens/BestTable.h"
 #include "screens/Design.h"
 #include "screens/RowView.h"
 #include "screens/ctlGameList.h"
@@ -21,6 +22,7 @@ constexpr double TitleFont = 18, TableFont = 14.25, LinkFont = 8.25;
 constexpr int PanelGap = 10;                    // [px] between the panels: a scroll bar goes there
 constexpr int PlayIndent = 18;                  // [px] of the buttons below the levels
 constexpr int TableTitle = 275, TableLine = 21; // [px]
+constexpr QRect TablePlace(64, 273, 388, 149);  // [px] around all lines
 constexpr std::array LineTops{297, 322, 348, 373, 399};
 constexpr QColor LinkColour(0x0B, 0x4F, 0xA8);
 
@@ -62,7 +64,8 @@ ctlGameList::ctlGameList(QWidget *Container)
     MakeLinks();
     resize(DesignSize);
     Arrange();
-    SetTabOrder({cCatList.Buttons, cGameList.Buttons, cLevels.Buttons, cmdPlay, cmdInstructions, butUpload});
+    SetTabOrder(
+        {cCatList.Buttons, cGameList.Buttons, cLevels.Buttons, cmdPlay, cmdInstructions, butUpload, m_BestTable});
 }
 
 ctlGameList::Panel ctlGameList::PutPanel(const QString &Name, const QRect &Place)
@@ -111,6 +114,7 @@ void ctlGameList::MakeButtons()
 
 void ctlGameList::MakeTable()
 {
+    m_BestTable = Put<BestTable>(this, QStringLiteral("tblBestTimes"), TablePlace);
     lblBestTime = PutLabel<TransLabel>(this, QStringLiteral("lblBestTime"), {98, 249, 337, 24},
                                        QStringLiteral("Best Times"), TableFont, true, Qt::AlignHCenter);
     const auto head = [this](const char *name, int left, int width, const char *caption) {
@@ -120,14 +124,15 @@ void ctlGameList::MakeTable()
     lblScoreTitle = head("lblScoreTitle", 224, 50, "Score"); // as wide as to stand above its column
     lblScoreTitle->SetAlignment(Qt::AlignCenter);
     lblTimeTitle = head("lblTimeTitle", 312, 74, "Time");
-    lblDateTitle = head("lblDateTitle", 388, 80, "Date");
+    lblDateTitle = head("lblDateTitle", 388, 44, "Date"); // its middle is that of the dates
+    lblDateTitle->SetAlignment(Qt::AlignCenter);
     for (std::size_t i = 0; i < TableRows; ++i) {
         Line &line = m_Table[i];
         line.lblPos = PutCell(this, "lblPos", i, 68, 27, QStringLiteral("%1.").arg(i + 1), Qt::AlignRight);
         line.lblName = PutCell(this, "lblName", i, 118, 107, QStringLiteral("Player Name"), Qt::AlignLeft);
         line.lblScore = PutCell(this, "lblScore", i, 228, 43, QStringLiteral("100%"), Qt::AlignHCenter);
         line.lblTimeTaken = PutCell(this, "lblTimeTaken", i, 306, 43, QStringLiteral("99:99"), Qt::AlignHCenter);
-        line.lblDate = PutCell(this, "lblDate", i, 372, 76, QStringLiteral("99-XXX-99"), Qt::AlignLeft);
+        line.lblDate = PutCell(this, "lblDate", i, 372, 76, QStringLiteral("99-XXX-99"), Qt::AlignHCenter);
     }
 }
 
@@ -168,6 +173,10 @@ void ctlGameList::SetStrings()
     cmdPlay->SetCaption(Word(Play));
     cmdInstructions->SetCaption(Word(Instructions));
     lblBestTime->SetCaption(Word(BestTimes));
+    m_BestTable->setAccessibleName(Word(BestTimes));
+    cCatList.Buttons->setAccessibleName(Word(SelectCategory));
+    cGameList.Buttons->setAccessibleName(Word(SelectGame));
+    cLevels.Buttons->setAccessibleName(Word(SelectLevel));
     lblNameTitle->SetCaption(Word(NameWord));
     lblScoreTitle->SetCaption(Word(ScoreWord));
     lblTimeTitle->SetCaption(Word(TimeWord));

@@ -2,6 +2,7 @@
 
 #include "platform/Colour.h"
 #include "screens/Design.h"
+#include "sdk/controls/Caption.h"
 #include "sdk/controls/PictureBox.h"
 #include "sdk/controls/cTransPictureBox.h"
 #include "shell/program/modMain.h"
@@ -16,17 +17,31 @@ namespace
 {
 constexpr QSize DesignSize(573, 30); // [px]
 constexpr int Gap = 3;               // [px]
-constexpr double BarFont = 8.25;
+constexpr int TextLeft = 3;          // [px]
+constexpr double BarFont = SmallFont;
 constexpr std::int32_t Green = 65280, Red = 255;
 
 enum Words : std::int16_t { CompleteWord = 4500, TimeLeftWord = 4501, TimeTakenWord = 4502 };
 
-void DrawBar(PictureBox *Bar, double Share)
+// Written by its bar, in the middle of the bar's height: the label itself is lower than its letters need.
+class BarText final : public TransLabel
+{
+public:
+    using TransLabel::TransLabel;
+
+protected:
+    void paintEvent(QPaintEvent *) override {}
+};
+
+void DrawBar(PictureBox *Bar, const TransLabel *Text, double Share)
 {
     const int green = static_cast<int>(std::lround(std::clamp(Share, 0.0, 1.0) * Bar->width()));
     QPainter painter(&Bar->Surface());
     painter.fillRect(0, 0, green, Bar->height(), ToColour(Green));
     painter.fillRect(green, 0, Bar->width() - green, Bar->height(), ToColour(Red));
+    painter.setFont(Text->font());
+    const QRect place(Text->x() + TextLeft, 0, Bar->width() - Text->x() - 2 * TextLeft, Bar->height());
+    Caption::Draw(painter, place, Text->Caption(), Text->ForeColour(), Qt::AlignLeft | Qt::AlignVCenter, false);
     painter.end();
     Bar->Refresh();
 }
@@ -44,11 +59,11 @@ void ctlGamePlaySummary::MakeControls()
     lblGame = PutLabel<cTransPictureBox>(this, QStringLiteral("lblGame"), {2, 2, 152, 22},
                                          QStringLiteral("Spelling Test"), SmallFont, true, Qt::AlignHCenter);
     picComplete = Put<PictureBox>(this, QStringLiteral("picComplete"), {157, 3, 132, 20});
-    lblPercent = PutLabel<TransLabel>(picComplete, QStringLiteral("lblPercent"), {0, 1, 127, 15},
-                                      QStringLiteral("Complete: 100%"), BarFont, true);
+    lblPercent = PutLabel<BarText>(picComplete, QStringLiteral("lblPercent"), {0, 1, 127, 15},
+                                   QStringLiteral("Complete: 100%"), BarFont, true);
     picTime = Put<PictureBox>(this, QStringLiteral("picTime"), {291, 3, 132, 20});
-    lblTime = PutLabel<TransLabel>(picTime, QStringLiteral("lblTime"), {3, 1, 124, 14},
-                                   QStringLiteral("Time left: 99"), BarFont, true);
+    lblTime = PutLabel<BarText>(picTime, QStringLiteral("lblTime"), {3, 1, 124, 14}, QStringLiteral("Time left: 99"),
+                                BarFont, true);
     lblPlayer = PutLabel<cTransPictureBox>(this, QStringLiteral("lblPlayer"), {440, 2, 126, 22},
                                            QStringLiteral("Player Name"), SmallFont, true, Qt::AlignHCenter);
 }
@@ -61,7 +76,7 @@ void ctlGamePlaySummary::SetComplete(std::int32_t Percent)
 {
     lblPercent->SetCaption(QStringLiteral("%1 %2%").arg(Word(CompleteWord), QString::number(Percent)));
     m_CompleteShare = Percent / 100.0;
-    DrawBar(picComplete, m_CompleteShare);
+    DrawBar(picComplete, lblPercent, m_CompleteShare);
 }
 
 void ctlGamePlaySummary::FetchWords()
@@ -82,7 +97,7 @@ void ctlGamePlaySummary::SetTimeLeft(std::int32_t Seconds)
         lblTime->SetCaption(m_TimeTakenText + modMain::FormatTime(taken, false));
         m_TimeShare = 1;
     }
-    DrawBar(picTime, m_TimeShare);
+    DrawBar(picTime, lblTime, m_TimeShare);
 }
 
 void ctlGamePlaySummary::Arrange()
@@ -98,6 +113,6 @@ void ctlGamePlaySummary::Arrange()
 
 void ctlGamePlaySummary::DrawBars()
 {
-    DrawBar(picComplete, m_CompleteShare);
-    DrawBar(picTime, m_TimeShare);
+    DrawBar(picComplete, lblPercent, m_CompleteShare);
+    DrawBar(picTime, lblTime, m_TimeShare);
 }

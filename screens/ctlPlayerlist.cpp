@@ -51,6 +51,7 @@ void ctlPlayerlist::ListPlayers()
     if (modMain::Players)
         for (const auto &player : *modMain::Players) add(player->Name, player->Key);
     if (n < MostPlayers) add(Word(AddPlayer), 0);
+    SetTabOrder(QList<QWidget *>(butPlayer.begin(), butPlayer.end()));
     m_View->Fit();
     m_View->ToTop();
 }

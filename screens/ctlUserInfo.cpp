@@ -24,6 +24,7 @@ ctlUserInfo::ctlUserInfo(QWidget *Container) : Screen(Container), m_View(new Row
 {
     lblWorkout = PutLabel<cTransPictureBox>(this, QStringLiteral("lblWorkout"), {249, 80, 225, 28},
                                             QStringLiteral("Current Workout"), TitleFont, true, Qt::AlignHCenter);
+    lblWorkout->lower(); // read before the rows
     const Row &first = RowAt(0);
     for (QWidget *control : {static_cast<QWidget *>(first.lblCategory), static_cast<QWidget *>(first.lblScore),
                              static_cast<QWidget *>(first.butGo)})
@@ -82,6 +83,9 @@ void ctlUserInfo::ShowWorkout()
     ShowPanel(true);
     LarkChart1->hide();
     m_View->Fit();
+    QList<QWidget *> order;
+    for (const Row &row : m_Rows) order << row.butGo;
+    SetTabOrder(order << butComplete << LarkChart1);
 }
 
 /// Answer: whether the workout has a result in the category.

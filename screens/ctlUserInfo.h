@@ -8,6 +8,7 @@
 
 class CCategory;
 class LarkChart;
+class QPoint;
 class RowView;
 class cTransPictureBox;
 
@@ -37,6 +38,8 @@ Q_SIGNALS:
 
 protected:
     void Arrange() override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     struct Row
@@ -50,6 +53,7 @@ private:
     bool ShowCategory(Row &Row, const CCategory &Category);
     void Complete();
     void MakeChart();
+    void OfferToSave(const QPoint &At);
     void DrawSeries(const QString &Name, std::size_t Number, std::vector<double> X, std::vector<double> Y);
     void ShowChart(double From, double To, bool EvenSpacing);
     void PlaceRow(const Row &Row);

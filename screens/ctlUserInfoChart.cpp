@@ -4,11 +4,19 @@
 #include "platform/ChartScale.h"
 #include "platform/Clock.h"
 #include "platform/Colour.h"
+#include "platform/Csv.h"
 #include "platform/LarkChart.h"
+#include "platform/RuntimeError.h"
 #include "screens/Design.h"
+#include "screens/FocusMark.h"
+#include "screens/SaveFile.h"
 #include "screens/ctlUserInfo.h"
 #include "shell/program/modMain.h"
 #include "skin/ShellSound.h"
+
+#include <QBuffer>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 
 #include <algorithm>
 #include <array>
@@ -30,6 +38,15 @@ double PointsIn(CWorkout &workout, const CCategory &category)
     return result ? result->Points : ChartScale::Missing;
 }
 
+QByteArray PictureOf(const LarkChart &chart)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!chart.Picture().save(&buffer, "PNG")) throw RuntimeError(QStringLiteral("The picture can't be made."));
+    return bytes;
+}
+
 // Without a result both hold one element, 0.
 bool HasData(const std::vector<double> &dates) { return dates.size() > 1 || (!dates.empty() && dates[0] != 0); }
 } // namespace
@@ -39,15 +56,44 @@ void ctlUserInfo::MakeChart()
     LarkChart1 = Put<LarkChart>(this, QStringLiteral("LarkChart1"), {});
     LarkChart1->setAccessibleName(QStringLiteral("Progress"));
     LarkChart1->emptytext = QStringLiteral("Nothing recorded yet.\nThe points of each workout will appear here.");
+    LarkChart1->averagesnote = QStringLiteral("Lines: means of about %1 workouts   Dots: single workouts");
+    LarkChart1->setFocusPolicy(Qt::StrongFocus);
+    new FocusMark(LarkChart1);
     LarkChart1->hide();
     connect(LarkChart1, &LarkChart::Click, this, [] { PlayShellSound(QStringLiteral("shortbeep")); });
+}
+
+void ctlUserInfo::OfferToSave(const QPoint &At)
+{
+    const QString name = modMain::CurrentPlayer ? QStringLiteral("Progress of ") + modMain::CurrentPlayer->Name
+                                                : QStringLiteral("Progress");
+    Savable picture{QStringLiteral("Save picture"), name, QStringLiteral("png"), QStringLiteral("PNG picture"),
+                    [this] { return PictureOf(*LarkChart1); }};
+    Savable values{
+        QStringLiteral("Save values as CSV"), name, QStringLiteral("csv"), QStringLiteral("CSV table"), {}};
+    if (LarkChart1->HasPoint()) values.Bytes = [this] { return ToCsv(LarkChart1->Table(QStringLiteral("Date"))); };
+    ShowSaveMenu(LarkChart1, At, {picture, values});
+}
+
+void ctlUserInfo::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (LarkChart1->isHidden()) return event->ignore();
+    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+    OfferToSave(byMouse ? LarkChart1->mapFrom(this, event->pos()) : LarkChart1->rect().center());
+}
+
+void ctlUserInfo::keyPressEvent(QKeyEvent *event)
+{
+    if (!LarkChart1->hasFocus() || !AsksForMenu(*event)) return Screen::keyPressEvent(event);
+    OfferToSave(LarkChart1->rect().center());
 }
 
 // A category keeps its number, and so its colour and style, whether those before it are drawn or not.
 void ctlUserInfo::ShowWorkoutStats()
 {
     if (!modMain::CurrentPlayer) return;
-    const colWorkout &workouts = modMain::CurrentPlayer->Workouts();
+    colWorkout &workouts = modMain::CurrentPlayer->Workouts();
+    workouts.LoadResults();
     if (!LarkChart1->evenspacing) LarkChart1->Clear();
     std::vector<double> dates;
     for (const auto &workout : workouts) dates.push_back(workout->Timestamp);

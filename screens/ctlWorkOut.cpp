@@ -61,6 +61,7 @@ void ctlWorkOut::ListGamesNow()
 void ctlWorkOut::NextWorkout()
 {
     Beep();
+    if (!modMain::CurrentPlayer) return;
     if (modMain::CurrentWorkout) modMain::CurrentWorkout->Complete();
     modMain::CurrentWorkout = modMain::CurrentPlayer->Workouts().Add();
     CWorkout &workout = *modMain::CurrentWorkout;

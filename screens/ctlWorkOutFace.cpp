@@ -9,6 +9,7 @@
 #include "platform/Clock.h"
 #include "platform/Colour.h"
 #include "platform/Dates.h"
+#include "sdk/controls/Accessible.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/PictureBox.h"
 #include "sdk/controls/cTransPictureBox.h"
@@ -148,6 +149,7 @@ bool ctlWorkOut::ShowCategory(Tile &Tile, CCategory &Category)
     Tile.lblCat->show();
     Tile.picCat->SetBackColour(ToColour(selected ? Yellow : White));
     Tile.picCat->SetFrameColour(selected ? SelectedFrame : PlainFrame);
+    Accessible::TellSelected(Tile.picCat, selected);
     Tile.lblCatScore->hide();
 
     QPainter painter(&Tile.picCat->Surface());

@@ -130,8 +130,9 @@ frmNoggle::~frmNoggle()
 void frmNoggle::MakeControls()
 {
     picPrint = Named(new PictureBox(this), "picPrint");
-    ctlWorkOut1 = Named(new ctlWorkOut(picPrint), "ctlWorkOut1");
+    // Tab leads through them in this order: the strip at the top, the screen below it, the menu.
     PlayerName1 = Named(new PlayerName(picPrint), "PlayerName1");
+    ctlWorkOut1 = Named(new ctlWorkOut(picPrint), "ctlWorkOut1");
     ctlUserInfo1 = Named(new ctlUserInfo(picPrint), "ctlUserInfo1");
     ctlGameList1 = Named(new ctlGameList(picPrint), "ctlGameList1");
     ctlPlayerlist1 = Named(new ctlPlayerlist(picPrint), "ctlPlayerlist1");
@@ -148,6 +149,7 @@ void frmNoggle::MakeControls()
     picMinimize->SetPictureFile(QImage(QStringLiteral(":/pictures/minimize.png")));
     picClose->SetPictureFile(QImage(QStringLiteral(":/pictures/close.png")));
     for (cTransPictureBox *box : {picPause, picMinimize, picClose}) box->SizeToPicture();
+    lblTime->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged through it
     ctlGamePlaySummary1->hide();
     tmrShowTime.setParent(this);
     tmrShowTime.setObjectName(QStringLiteral("tmrShowTime"));
@@ -196,6 +198,7 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
 void frmNoggle::SetStrings()
 {
     modMain::ProductTitle = Words(TitleString);
+    ctlButtonPanel1->setAccessibleName(modMain::ProductTitle);
     m_LogoTag = Words(LogoLinkString);
     if (!m_LogoTag.isEmpty()) picLogo->setCursor(Qt::WhatsThisCursor);
     const QImage logo = modMain::Resources->LoadJPEG(LogoPicture);

@@ -10,6 +10,9 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <QDir>
+#include <QLocale>
+
 namespace
 {
 QString S(const char *text) { return QString::fromUtf8(text); }
@@ -174,6 +177,32 @@ TEST_F(GameList, ACategoryWithoutGamesShowsNoLevels)
     EXPECT_EQ(Panel("cGameList").Count(), 0);
     EXPECT_EQ(Chosen(), S("cCatList lblCat cGameList lblGame"));
     EXPECT_EQ(Line(0), S("1. - - - -"));
+}
+
+TEST_F(GameList, AGameWhoseFolderHasGoneHasOneLevel)
+{
+    StartWithAnn();
+    ASSERT_TRUE(QDir(m_Store.Folder().Path() + S("Arrows")).removeRecursively());
+    Start();
+    Show();
+    Choose("cCatList", 1);
+    Choose("cGameList", 1);
+    EXPECT_EQ(Panel("cLevels").Count(), 1);
+    Click(S("cmdPlay"));
+    EXPECT_EQ(m_Form.TakeCalls(), S("StartGame Arrows 1"));
+}
+
+TEST_F(GameList, DatesAreInTheDesktopsLanguage)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    SetToday(2026, 12, 5);
+    StartWithAnn();
+    Practised(S("Arrows"), 90, 65);
+    Show();
+    Choose("cCatList", 1);
+    Choose("cGameList", 1);
+    EXPECT_TRUE(Text(S("lblDate(0)")).startsWith(S("05-Dez"))) << Text(S("lblDate(0)")).toStdString();
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(GameList, TheChoiceSurvivesLeavingTheScreen)

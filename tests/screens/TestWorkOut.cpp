@@ -5,6 +5,7 @@
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/PictureBox.h"
 
+#include <QDir>
 #include <QLocale>
 #include <QPainter>
 
@@ -302,6 +303,47 @@ TEST_F(WorkOut, MonthsAreThoseOfTheDesktop)
     Show();
     EXPECT_TRUE(Text(S("lblWorkout")).contains(S("5-Okt"))) << Text(S("lblWorkout")).toStdString();
     QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(WorkOut, TomorrowIsToldInTheDesktopsLanguage)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    SetToday(2026, 4, 30);
+    StartWithAnn();
+    GivenWorkout(Today());
+    FinishAll();
+    ctlWorkOut &screen = Show();
+    EXPECT_TRUE(Text(S("lblWorkout")).startsWith(Word(4002) + S("30-Apr"))) << Text(S("lblWorkout")).toStdString();
+    EXPECT_EQ(Text(S("lblNextDue")), Word(4003) + S("1-Mai-2026"));
+    SetToday(2026, 5, 1);
+    screen.ListCats(false);
+    EXPECT_EQ(Foot(), S("butNextWorkout lblMessage"));
+    Click(S("butNextWorkout"));
+    EXPECT_EQ(Text(S("lblWorkout")), Word(4002) + S("1-Mai-2026"));
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(WorkOut, AGameWhoseFolderHasGoneIsListedByItsStoredName)
+{
+    StartWithAnn();
+    ASSERT_TRUE(QDir(m_Store.Folder().Path() + S("Arrows")).removeRecursively());
+    Start();
+    modMain::CurrentPlayer = modMain::Players->Item(1);
+    GivenWorkout(Today());
+    Show();
+    EXPECT_EQ(Text(S("lblGame(0)")), S("Arrows"));
+    Click(S("butPlay(0)"));
+    EXPECT_EQ(m_Form.TakeCalls(), S("PlayGame Arrows 1"));
+}
+
+TEST_F(WorkOut, WithoutAPlayerItShowsAndWritesNothing)
+{
+    StartWithSixGames();
+    Show().ListCats(true);
+    EXPECT_EQ(Foot(), S("butNextWorkout"));
+    Click(S("butNextWorkout"));
+    EXPECT_EQ(m_Store.Ask(S("SELECT COUNT(*) FROM PlayerGame")), S("0"));
+    EXPECT_EQ(m_Store.Ask(S("SELECT COUNT(*) FROM Workout")), S("0"));
 }
 
 TEST_F(WorkOut, TwelveCategoriesCanAllBeReached)
