@@ -55,10 +55,3 @@ void Story::BeginNextWorkout()
             StateOf(offer).value(QStringLiteral("PlayerGameLevel")));
     PlayWorkoutGame(0, 0);
 }
-
-void Story::LookAtProgress()
-{
-    m_Hands.ClickMenu(QStringLiteral("Progress"));
-    m_Hands.WaitFor(QStringLiteral("ctlUserInfo1"));
-    m_Hands.Picture(QStringLiteral("progress"));
-}

@@ -20,6 +20,7 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QThread>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -27,6 +28,7 @@
 namespace
 {
 constexpr int Glance = 20;    // [ms] between two looks at what is awaited
+constexpr int Quick = 20;     // [ms]
 constexpr int Steadying = 60; // [ms] in which what was drawn reaches the screen
 
 QWidget &TopWindow()
@@ -231,6 +233,7 @@ void Hands::Press(Qt::Key Key)
 
 void Hands::Picture(const QString &Name)
 {
+    if (!m_KeepsPictures) return;
     Settle();
     QThread::msleep(Steadying);
     Settle();
@@ -238,6 +241,21 @@ void Hands::Picture(const QString &Name)
 }
 
 void Hands::PassTime(int Seconds) { m_Clock.MoveOn(Seconds); }
+
+void Hands::PassToNextMorning()
+{
+    const QDateTime now = m_Clock.Moment();
+    m_Clock.MoveOn(static_cast<int>(now.secsTo(QDateTime(now.date().addDays(1), QTime(9, 0)))));
+}
+
+void Hands::Quicken(const QString &Timer)
+{
+    Ask([&] {
+        auto *const timer = TopWindow().findChild<QTimer *>(Timer);
+        if (timer == nullptr) throw TourFailure(QStringLiteral("There is no %1.").arg(Timer));
+        timer->setInterval(Quick);
+    });
+}
 
 void Hands::Wait(int Seconds) { QThread::sleep(static_cast<unsigned long>(Seconds)); }
 
@@ -257,6 +275,11 @@ bool Hands::Sees(const QString &Name)
 QString Hands::Reads(const QString &Name)
 {
     return Ask([&] { return TextOf(Named(Name)); });
+}
+
+QString Hands::Describes(const QString &Name)
+{
+    return Ask([&] { return Named(Name).accessibleDescription(); });
 }
 
 QStringList Hands::SeesAll(const QString &BeginningOfName)

@@ -49,8 +49,14 @@ public:
     /// The same without waiting: for the act that ends the program.
     void ClickLast(const QString &Name);
     void Picture(const QString &Name);
+    /// Whether pictures are kept from now on.
+    void KeepPictures(bool Keep) { m_KeepsPictures = Keep; }
     /// The clock moves forward at once.
     void PassTime(int Seconds);
+    /// The same, to nine o'clock of the next day.
+    void PassToNextMorning();
+    /// A timer of the window on top goes as fast as it can.
+    void Quicken(const QString &Timer);
     /// Just looks on. [s]
     void Wait(int Seconds);
     /// Takes the minimised window back onto the screen, as a task bar does.
@@ -61,6 +67,8 @@ public:
     bool Sees(const QString &Name);
     /// The caption or text of a control. Failure: passed on, when it can't be seen.
     QString Reads(const QString &Name);
+    /// What it tells a screen reader besides its name. Failure: passed on, when it can't be seen.
+    QString Describes(const QString &Name);
     /// The names of the controls that can be seen and begin so, from top to bottom.
     QStringList SeesAll(const QString &BeginningOfName);
     QStringList Rows(const QString &Panel);
@@ -99,4 +107,5 @@ private:
 
     Camera &m_Camera;
     TourClock &m_Clock;
+    bool m_KeepsPictures = true;
 };

@@ -12,6 +12,8 @@
 
 namespace
 {
+constexpr int DaysOfAWeek = 7;
+
 QString MemoryFile() { return ProgramFolder() + QStringLiteral("tour.json"); }
 
 void Remember(const QJsonObject &seen)
@@ -36,7 +38,7 @@ void Story::DayOne()
     EndProgram();
 }
 
-void Story::DayTwo()
+void Story::RestOfTheWeek()
 {
     m_Seen = QJsonDocument::fromJson(ReadFile(MemoryFile())).object();
     m_Hands.WaitFor(QStringLiteral("ctlPlayerlist1"));
@@ -44,6 +46,12 @@ void Story::DayTwo()
     FindPracticeResult();
     FindWorkout();
     BeginNextWorkout();
+    m_Hurried = true;
+    m_Hands.KeepPictures(false);
+    FinishWorkout(1, 0);
+    for (int day = 3; day <= DaysOfAWeek; ++day) LiveDay(day);
+    m_Hands.KeepPictures(true);
+    CompareWeek();
     LookAtProgress();
     EndProgram();
 }

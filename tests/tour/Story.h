@@ -1,4 +1,4 @@
-// The tour's story: two days with the program, told as a person lives them. What was seen on the screen is compared
+// The tour's story: a week with the program, told as a person lives it. What was seen on the screen is compared
 // with what the store holds; what has to be there on the second day is kept in a file of the program's folder.
 //
 // Failure of every part: passed on, a TourFailure that says what was expected.
@@ -20,8 +20,9 @@ public:
 
     /// A new player's first day: makes the player, does a workout, practises, ends the program.
     void DayOne();
-    /// Everything is there again, and the next workout is due.
-    void DayTwo();
+    /// Everything is there again, the next workout is due, and each day of the week has its own: at the end stands
+    /// the chart of them all.
+    void RestOfTheWeek();
 
 private:
     // day one
@@ -37,6 +38,11 @@ private:
     void FindPracticeResult();
     void FindWorkout();
     void BeginNextWorkout();
+
+    // the days after it
+    void FinishWorkout(int FirstTile, int Stamina);
+    void LiveDay(int Day);
+    void CompareWeek();
     void LookAtProgress();
 
     // a game of the workout
@@ -70,9 +76,10 @@ private:
 
     Hands &m_Hands;
     int m_Stamina;
-    QString m_Name;     // the player's
-    int m_Player = 0;   // the player's key
-    QJsonObject m_Seen; // for the second day
+    QString m_Name;         // the player's
+    int m_Player = 0;       // the player's key
+    bool m_Hurried = false; // a score's lines come up at once, since their pace was seen
+    QJsonObject m_Seen;     // for the second day
 };
 
 /// Prints what was compared. Failure: passed on, a TourFailure with both, when they differ.

@@ -57,6 +57,10 @@ void Story::PlayWorkoutGame(int Tile, int Stamina)
 // The dialog's last line comes with the button that closes it.
 Story::Score Story::WatchScore(const Offer &Offer)
 {
+    if (m_Hurried) {
+        m_Hands.WaitFor(QStringLiteral("lblGameOver"));
+        m_Hands.Quicken(QStringLiteral("tmrShow"));
+    }
     m_Hands.WaitFor(QStringLiteral("butOK"));
     m_Hands.Picture(QStringLiteral("score-of-") + InFileNames(Offer.game));
     const auto number = [this](const char *label) { return NumberIn(m_Hands.Reads(QLatin1String(label))); };

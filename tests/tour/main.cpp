@@ -1,4 +1,4 @@
-// A day with the program, on its real start-up: see README.md.
+// A day with the program, or the days after it, on its real start-up: see README.md.
 #include "Camera.h"
 #include "Hands.h"
 #include "StoreRows.h"
@@ -40,10 +40,11 @@ QWidget *ShownSplash()
 void Live(int Day, Story &Told, Hands &Person)
 {
     try {
-        Day == 1 ? Told.DayOne() : Told.DayTwo();
+        Day == 1 ? Told.DayOne() : Told.RestOfTheWeek();
     } catch (...) {
         const QString reason = DescriptionOf(std::current_exception());
         try {
+            Person.KeepPictures(true);
             Person.Picture(QStringLiteral("failure"));
         } catch (...) {
             // what the screen looked like must then be guessed
