@@ -101,7 +101,7 @@ public:
     {
         resize(picture.size());
         show();
-        QTest::qWaitForWindowExposed(this);
+        if (!QTest::qWaitForWindowExposed(this)) qFatal("the bare window does not show");
     }
 
 protected:
@@ -186,7 +186,10 @@ void RaceRow(benchmark::State &state, const char *panel, const QString &caption,
         [&] { Press(place); });
 }
 
-void ToPlayers() { Program().ClickMenu(QStringLiteral("change player")); }
+void ToPlayers()
+{
+    if (Program().Window().Mode() != 0) Program().ClickMenu(QStringLiteral("change player"));
+}
 
 // As after a start: nothing of the player was read yet.
 void ToFreshPlayer()
