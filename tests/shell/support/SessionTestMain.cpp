@@ -1,5 +1,6 @@
 // The tests of sessions; or, when told so, the program that plays on until it is killed.
 #include "tests/shell/support/PlaysOn.h"
+#include "tests/support/ThreadsEnd.h"
 
 #include "shell/GuardedApplication.h"
 
@@ -8,6 +9,7 @@
 int main(int argc, char *argv[])
 {
     testing::InitGoogleTest(&argc, argv);
+    const ThreadsEnd threadsEnd; // after the application
     GuardedApplication application(argc, argv);
     if (QCoreApplication::arguments().value(1) == u"play-on") return PlayOnDemand();
     return RUN_ALL_TESTS();
