@@ -5,7 +5,6 @@
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/cTransPictureBox.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QProcess>
 #include <QSet>
@@ -122,8 +121,7 @@ TEST_F(Runs, TheInterfaceGoesOnWhileASiteKeepsSilent)
     EXPECT_EQ(TakeMessage(), QStringLiteral("All games uploaded."));
 }
 
-// Half a minute of nothing but waiting: asked for with --gtest_also_run_disabled_tests.
-TEST_F(Runs, DISABLED_ASiteThatTakesThirtySecondsIsWaitedFor)
+TEST_F(Runs, ASiteThatTakesThirtySecondsIsWaitedFor)
 {
     GivenAnnsResults(1);
     HttpServer site([](int, const QByteArray &) {
@@ -135,10 +133,8 @@ TEST_F(Runs, DISABLED_ASiteThatTakesThirtySecondsIsWaitedFor)
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] { ++ticks; });
     clock.start(50);
-    QElapsedTimer taken;
-    taken.start();
     Run();
-    std::printf("%d ticks in %lld ms\n", ticks, static_cast<long long>(taken.elapsed()));
+    EXPECT_GT(ticks, 60) << "of six hundred, on the slowest machine too: the interface is alive";
     EXPECT_EQ(TakeMessage(), QStringLiteral("All games uploaded."));
     EXPECT_EQ(site.Count(), 1);
 }
