@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
-#include <QRandomGenerator>
 
 #include <algorithm>
 #include <string>
@@ -58,7 +57,7 @@ LanternArea::LanternArea(QWidget *Container) : GameCanvas(Design, Container) {}
 
 void LanternArea::Started(int Level)
 {
-    m_Rules = std::make_unique<LanternRules>(Level, QRandomGenerator::global()->generate());
+    m_Rules = std::make_unique<LanternRules>(Level, Seed());
     m_Marks.clear();
     m_Ring = m_Rules->Columns() * (m_Rules->Rows() / 2) + m_Rules->Columns() / 2;
     m_RingSeen = false;
@@ -223,7 +222,7 @@ void LanternArea::Paint(QPainter &Painter)
     PaintCords(Painter);
     for (int lantern = 0; lantern < m_Rules->Lanterns(); ++lantern) PaintLantern(Painter, lantern);
     if (m_Part == Part::Told) PaintOrder(Painter);
-    PaintFoot(Painter);
+    WriteFoot(Painter, Foot, Line(), m_Rules->Level());
 }
 
 // The cords they hang on, a little slack between two lanterns.
@@ -307,14 +306,4 @@ void LanternArea::PaintOrder(QPainter &painter) const
         if (pressed) Marks::DrawRight(painter, centre + QPointF(20, -20), 22);
     }
     if (!m_Marks.back() && m_Lit >= 0) Marks::DrawWrong(painter, PlaceOf(m_Lit).center() + QPointF(24, -24), 30);
-}
-
-void LanternArea::PaintFoot(QPainter &painter) const
-{
-    painter.setPen(Colours().text);
-    WriteLine(painter, Foot.adjusted(0, 0, -200, 0), Qt::AlignLeft | Qt::AlignVCenter, Line(), 21, QFont::Bold);
-    WriteLine(
-        painter, Foot.adjusted(390, 0, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
-        QStringLiteral("%1 %2   %3 %4").arg(Word("Level")).arg(m_Rules->Level()).arg(Word("Points")).arg(Points()),
-        19, QFont::Bold);
 }

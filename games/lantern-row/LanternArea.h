@@ -42,7 +42,6 @@ private:
     void PaintLantern(QPainter &painter, int lantern) const;
     void PaintBody(QPainter &painter, double half, bool isUnderPointer, double glow) const;
     void PaintOrder(QPainter &painter) const;
-    void PaintFoot(QPainter &painter) const;
     const GameColours &Colours() const { return GameColours::For(Dark()); }
 
     std::unique_ptr<LanternRules> m_Rules;

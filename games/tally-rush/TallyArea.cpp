@@ -4,7 +4,6 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QRandomGenerator>
 
 namespace
 {
@@ -25,7 +24,7 @@ TallyArea::TallyArea(QWidget *Container) : GameCanvas(Design, Container), m_Pad(
 
 void TallyArea::Started(int Level)
 {
-    m_Rules = std::make_unique<TallyRules>(Level, QRandomGenerator::global()->generate());
+    m_Rules = std::make_unique<TallyRules>(Level, Seed());
     m_Typed.clear();
     m_Marks.clear();
     m_MarkedAt = m_MistakeAt = -1;
@@ -107,7 +106,7 @@ void TallyArea::Paint(QPainter &Painter)
                    Colours());
     PaintCard(Painter);
     m_Pad.Draw(Painter, Colours(), m_Down, m_Over, !ShowsMistake() && Running());
-    PaintFoot(Painter);
+    WriteFoot(Painter, Foot, m_TimeUp ? QString() : Word("Hint"), m_Rules->Level());
 }
 
 void TallyArea::PaintCard(QPainter &painter) const
@@ -193,16 +192,4 @@ void TallyArea::PaintTimeUp(QPainter &painter) const
     painter.setPen(Colours().faint);
     WriteLine(painter, {Card.left() + 20, Card.top() + 150, Card.width() - 40, 50}, Qt::AlignCenter,
               QStringLiteral("%1 %2").arg(m_Rules->Right()).arg(Word("Right")), 32, QFont::Medium);
-}
-
-void TallyArea::PaintFoot(QPainter &painter) const
-{
-    painter.setPen(Colours().text); // on the skin's own ground
-    if (!m_TimeUp)
-        WriteLine(painter, Foot.adjusted(0, 0, -230, 0), Qt::AlignLeft | Qt::AlignVCenter, Word("Hint"), 17,
-                  QFont::Medium);
-    WriteLine(
-        painter, Foot.adjusted(360, 0, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
-        QStringLiteral("%1 %2   %3 %4").arg(Word("Level")).arg(m_Rules->Level()).arg(Word("Points")).arg(Points()),
-        20, QFont::Bold);
 }

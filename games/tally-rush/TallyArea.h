@@ -38,7 +38,6 @@ private:
     void PaintTask(QPainter &painter) const;
     void PaintMistake(QPainter &painter) const;
     void PaintTimeUp(QPainter &painter) const;
-    void PaintFoot(QPainter &painter) const;
     const GameColours &Colours() const { return GameColours::For(Dark()); }
 
     std::unique_ptr<TallyRules> m_Rules;

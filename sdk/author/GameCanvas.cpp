@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -51,6 +52,24 @@ QVariant GameCanvas::Message(const QString &Cmd, QVariant &Info1, QVariant &)
 QString GameCanvas::Word(const char *Name) const
 {
     return m_Framework == nullptr ? QString() : m_Framework->LangString(QString::fromLatin1(Name));
+}
+
+std::uint32_t GameCanvas::Seed() const
+{
+    bool isGiven = false;
+    const QString given = m_Framework->GetSetting(QStringLiteral("config"), QStringLiteral("seed"));
+    const std::uint32_t seed = given.toUInt(&isGiven);
+    return isGiven ? seed : QRandomGenerator::global()->generate();
+}
+
+void GameCanvas::WriteFoot(QPainter &Painter, const QRectF &Box, const QString &Line, int Level) const
+{
+    constexpr double Figures = 200; // their part of the width
+    Painter.setPen(Dark() ? Qt::white : Qt::black);
+    WriteLine(Painter, Box.adjusted(0, 0, -Figures, 0), Qt::AlignLeft | Qt::AlignVCenter, Line, 19, QFont::Medium);
+    WriteLine(Painter, Box.adjusted(Box.width() - Figures + 10, 0, 0, 0), Qt::AlignRight | Qt::AlignVCenter,
+              QStringLiteral("%1 %2   %3 %4").arg(Word("Level")).arg(Level).arg(Word("Points")).arg(Points()), 19,
+              QFont::Bold);
 }
 
 void GameCanvas::Progress(int Percent) const { m_Framework->Message(QStringLiteral("progress"), Percent); }

@@ -13,6 +13,8 @@
 #include <QRectF>
 #include <QTimer>
 
+#include <cstdint>
+
 class GameCanvas : public CGameArea
 {
 public:
@@ -41,6 +43,11 @@ protected:
 
     // What it may use.
     QString Word(const char *Name) const;
+    /// Where this session's board comes from: another one each time, or the number that the settings file gives under
+    /// "seed" in "config", so that an author can play one board again and again.
+    std::uint32_t Seed() const;
+    /// A line of words on the left, level and points on the right.
+    void WriteFoot(QPainter &Painter, const QRectF &Box, const QString &Line, int Level) const;
     void Progress(int Percent) const;
     void Play(const char *Sound) const;
     /// Ends the session. Return at once and touch nothing: this game has been taken away.

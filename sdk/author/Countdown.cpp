@@ -1,0 +1,25 @@
+#include "sdk/author/Countdown.h"
+
+#include "sdk/author/GameColours.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+double Countdown::Left(qint64 Now) const
+{
+    return Runs() ? std::clamp(1 - static_cast<double>(Now - m_Since) / m_Duration, 0.0, 1.0) : 0;
+}
+
+void Countdown::Draw(QPainter &Painter, const QRectF &Bar, qint64 Now, const GameColours &Colours) const
+{
+    if (!Runs()) return;
+    const double round = Bar.height() / 2;
+    Painter.save();
+    Painter.setPen(Qt::NoPen);
+    Painter.setBrush(Colours.edge);
+    Painter.drawRoundedRect(Bar, round, round);
+    Painter.setBrush(Colours.accent);
+    Painter.drawRoundedRect(QRectF(Bar.topLeft(), QSizeF(Bar.width() * Left(Now), Bar.height())), round, round);
+    Painter.restore();
+}

@@ -1,0 +1,126 @@
+#include "sdk/author/Choices.h"
+#include "sdk/author/Countdown.h"
+#include "sdk/author/Rounds.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+constexpr int Enter = 13, Space = 32, Left = 37, Up = 38, Right = 39, Down = 40;
+
+/// Three places above two.
+Choices Five()
+{
+    Choices choices;
+    choices.SetPlaces({{0, 0, 80, 80}, {100, 0, 80, 80}, {200, 0, 80, 80}, {50, 100, 80, 80}, {150, 100, 80, 80}});
+    return choices;
+}
+} // namespace
+
+TEST(Rounds, ParMakesAHundredPoints)
+{
+    Rounds rounds(12, 10);
+    for (int i = 0; i < 10; ++i) rounds.Add(true, 1);
+    EXPECT_EQ(rounds.Points(), 100);
+    EXPECT_FALSE(rounds.Over());
+    EXPECT_EQ(rounds.Progress(), 83);
+}
+
+TEST(Rounds, TenTenthsAreAWhole)
+{
+    Rounds rounds(10, 1);
+    for (int i = 0; i < 10; ++i) rounds.Add(true, 0.1);
+    EXPECT_EQ(rounds.Points(), 100);
+    EXPECT_TRUE(rounds.Over());
+}
+
+TEST(Rounds, PointsNeverFallBelowNothing)
+{
+    Rounds rounds(5, 5);
+    rounds.Add(false, -1);
+    EXPECT_EQ(rounds.Points(), 0);
+    rounds.Add(true, 1.5);
+    EXPECT_EQ(rounds.Points(), 10);
+    EXPECT_EQ(rounds.Right(), 1);
+}
+
+TEST(Choices, ADigitChoosesItsPlaceAndOneBeyondThemNothing)
+{
+    Choices choices = Five();
+    EXPECT_EQ(choices.Key('1'), 0);
+    EXPECT_EQ(choices.Key('5'), 4);
+    EXPECT_EQ(choices.Key('6'), std::nullopt);
+    EXPECT_EQ(choices.Key('0'), std::nullopt);
+    EXPECT_EQ(choices.Key(99), 2) << "the three of the number block";
+}
+
+TEST(Choices, EnterChoosesNothingWhileNoRingIsSeen)
+{
+    Choices choices = Five();
+    EXPECT_EQ(choices.Key(Enter), std::nullopt);
+    EXPECT_EQ(choices.Ring(), std::nullopt);
+}
+
+TEST(Choices, TheFirstArrowShowsTheRingAndTheNextOnesMoveIt)
+{
+    Choices choices = Five();
+    choices.Key(Right);
+    EXPECT_EQ(choices.Ring(), 0);
+    choices.Key(Right);
+    EXPECT_EQ(choices.Ring(), 1);
+    EXPECT_EQ(choices.Key(Space), 1);
+    choices.Key(Down);
+    EXPECT_EQ(choices.Ring(), 3);
+    choices.Key(Right);
+    EXPECT_EQ(choices.Ring(), 4);
+    choices.Key(Up);
+    EXPECT_EQ(choices.Key(Enter), 1);
+    choices.Key(Left);
+    choices.Key(Left);
+    EXPECT_EQ(choices.Ring(), 0) << "it stops at the edge";
+}
+
+TEST(Choices, AClickTakesTheRingOff)
+{
+    Choices choices = Five();
+    choices.Key(Right);
+    choices.HideRing();
+    EXPECT_EQ(choices.Ring(), std::nullopt);
+}
+
+TEST(Choices, APointerTellsOnlyWhenItsPlaceChanges)
+{
+    Choices choices = Five();
+    EXPECT_TRUE(choices.PointAt({10, 10}));
+    EXPECT_FALSE(choices.PointAt({20, 10}));
+    EXPECT_EQ(choices.Over(), 0);
+    EXPECT_TRUE(choices.PointAt({90, 10}));
+    EXPECT_EQ(choices.Over(), std::nullopt);
+    EXPECT_EQ(choices.At({90, 10}), std::nullopt);
+}
+
+TEST(Choices, FewerPlacesBringTheRingBackToTheFirst)
+{
+    Choices choices = Five();
+    choices.Key(Right);
+    choices.Key(Right);
+    choices.SetPlaces({{0, 0, 80, 80}});
+    EXPECT_EQ(choices.Ring(), 0);
+    choices.SetPlaces({});
+    EXPECT_EQ(choices.Key(Enter), std::nullopt);
+    EXPECT_EQ(choices.Key(Right), std::nullopt);
+}
+
+TEST(Countdown, RunsFromOneToNothing)
+{
+    Countdown countdown;
+    EXPECT_FALSE(countdown.IsOver(100000)) << "one that was never started does not end";
+    EXPECT_EQ(countdown.Left(100000), 0);
+    countdown.Start(1000, 400);
+    EXPECT_EQ(countdown.Left(1000), 1);
+    EXPECT_DOUBLE_EQ(countdown.Left(1100), 0.75);
+    EXPECT_FALSE(countdown.IsOver(1399));
+    EXPECT_TRUE(countdown.IsOver(1400));
+    countdown.Stop();
+    EXPECT_FALSE(countdown.Runs());
+}
