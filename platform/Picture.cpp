@@ -8,6 +8,9 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <future>
+#include <map>
+
 namespace
 {
 constexpr int LargestSide = 8192;                                           // [px]
@@ -27,7 +30,44 @@ QByteArray FormatOf(const QByteArray &Bytes)
     if (Bytes.startsWith("\x89PNG")) return "png";
     return {};
 }
+
+QImage ReadPicture(const QString &Path) { return PictureFromData(ReadFile(FindFile(Path)), Path); }
+
+class PicturesAhead
+{
+public:
+    explicit PicturesAhead(const QStringList &Paths)
+    {
+        for (const QString &path : Paths)
+            m_Due.emplace(path, m_Tasks.emplace_back([path] { return ReadPicture(path); }).get_future());
+        m_Reading = std::async(std::launch::async, [this] {
+            for (auto &task : m_Tasks) task();
+        });
+    }
+    PicturesAhead(const PicturesAhead &) = delete;
+    PicturesAhead &operator=(const PicturesAhead &) = delete;
+    ~PicturesAhead() { m_Reading.wait(); }
+
+    /// Invalid where nothing was begun, or it was taken before.
+    std::future<QImage> Take(const QString &Path)
+    {
+        const auto due = m_Due.find(Path);
+        if (due == m_Due.end()) return {};
+        std::future<QImage> taken = std::move(due->second);
+        m_Due.erase(due);
+        return taken;
+    }
+
+private:
+    std::vector<std::packaged_task<QImage()>> m_Tasks;
+    std::map<QString, std::future<QImage>> m_Due;
+    std::future<void> m_Reading;
+};
+
+std::unique_ptr<PicturesAhead> theAhead;
 } // namespace
+
+void ReadPicturesAhead(const QStringList &Paths) { theAhead = std::make_unique<PicturesAhead>(Paths); }
 
 QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
 {
@@ -49,7 +89,11 @@ QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
     return picture.convertToFormat(QImage::Format_RGB32);
 }
 
-QImage LoadPicture(const QString &Path) { return PictureFromData(ReadFile(FindFile(Path)), Path); }
+QImage LoadPicture(const QString &Path)
+{
+    std::future<QImage> ahead = theAhead ? theAhead->Take(Path) : std::future<QImage>();
+    return ahead.valid() ? ahead.get() : ReadPicture(Path);
+}
 
 QImage PartOf(const QImage &Picture, const QRect &Place)
 {

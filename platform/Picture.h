@@ -3,9 +3,14 @@
 #pragma once
 
 #include <QImage>
+#include <QStringList>
 
 /// Failure: passed on, naming the file, when it is missing, damaged, cut short or larger than 8192 x 8192.
 QImage LoadPicture(const QString &Path);
+/// Begins to read pictures, one after the other on a thread of its own, for a moment at which the interface thread
+/// has other things to do. The next LoadPicture of such a path waits for it and takes the picture, or the failure.
+/// From the interface thread; a later call begins with what is left of the former one forgotten.
+void ReadPicturesAhead(const QStringList &Paths);
 QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors);
 
 /// The part of a picture under a place told in logical pixels, as large as the place; what lies outside the picture

@@ -96,8 +96,8 @@ void PlayerName::MakeControls()
     lblTitle = PutLabel<cTransPictureBox>(picDetails, QStringLiteral("lblTitle"), FromTwips(0, 0, 1695, 525),
                                           QStringLiteral("Player:"), TitleFont, true, Qt::AlignRight);
     txtName = Put<QLineEdit>(picDetails, QStringLiteral("txtName"), FromTwips(1770, 75, 2355, 495));
-    txtName->setText(QStringLiteral("Name"));
     StyleName(txtName);
+    txtName->setText(QStringLiteral("Name"));
     cmdUpdate =
         PutButton(picDetails, QStringLiteral("cmdUpdate"), FromTwips(4080, 120, 1800, 345), QStringLiteral("Edit"));
     cmdDelete =

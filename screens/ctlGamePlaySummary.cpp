@@ -108,8 +108,11 @@ void ctlGamePlaySummary::Arrange()
     lblGame->resize(std::max(0, picComplete->x() - lblGame->x() - Gap), lblGame->height());
     SetLeft(lblPlayer, picTime->x() + picTime->width() + Gap);
     lblPlayer->resize(std::max(0, width() - lblPlayer->x() - Gap), lblPlayer->height());
-    DrawBars();
+    if (isVisible()) DrawBars();
 }
+
+// Not before it is seen: a first letter costs as much as a font.
+void ctlGamePlaySummary::showEvent(QShowEvent *) { DrawBars(); }
 
 void ctlGamePlaySummary::DrawBars()
 {

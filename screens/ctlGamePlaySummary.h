@@ -27,6 +27,7 @@ public:
 
 protected:
     void Arrange() override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void MakeControls();

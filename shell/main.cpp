@@ -1,3 +1,4 @@
+#include "platform/FontList.h"
 #include "platform/Memory.h"
 
 #include "shell/GuardedApplication.h"
@@ -22,6 +23,7 @@ int main(int argc, char *argv[])
 {
     PrepareMemory();
     PreferX11();
+    PrepareFontList();
     GuardedApplication application(argc, argv);
     const int code = modMain::Main() ? GuardedApplication::exec() : EXIT_FAILURE;
     modMain::ReleaseWindows();

@@ -76,16 +76,16 @@ void OpenMainWindow()
 
 using StartStep = void (*)();
 
-// Fonts and sound device take longest to be found; that goes on beside the other steps until they are needed.
-// The language module is named before the splash takes its picture from it, the sound device is bound to the splash
-// since no other window exists yet, and the skins are checked against the screen. Step numbers are what support staff
-// is told; they count from 1.
+// Fonts, sound device and the pictures of skins take longest; they are looked for and read beside the other steps
+// until they are needed. The language module is named before the splash takes its picture from it, the sound device
+// is bound to the splash since no other window exists yet, and the skins are checked against the screen. Step numbers
+// are what support staff is told; they count from 1.
 constexpr std::array<StartStep, 12> StartSteps{
     [] { LookForInterfaceFont(), modDX::PrepareSound(); },
     [] { Resources = std::make_shared<CResource>(), Framework = std::make_shared<CShellFramework>(); },
     [] { CheckScreen(); },
     [] { SettingsFile = ProgramFolder() + QStringLiteral("Settings.ini"); },
-    [] { LoadSettings(); },
+    [] { LoadSettings(), colSkin::Prepare(Setting(QStringLiteral("Skin"), {})); },
     [] { Resources->SetLibraryFilePath(FindFile(ProgramFolder() + Language + QStringLiteral(".dll"))); },
     [] { ShowSplash(); },
     [] { modDX::InitSound(Splash.get()); },

@@ -9,6 +9,9 @@ class colSkin
 {
 public:
     colSkin() { LoadSkins(); }
+    /// Begins to read, beside other work, what the list will need, and the frame of the skin of that name, or of the
+    /// first one when there is none of that name.
+    static void Prepare(const QString &Name);
 
     /// Failure: passed on, when there is none. A number in text form is a name.
     const std::shared_ptr<CSkin> &Item(const QString &Key) const { return m_Skins.Item(Key); }

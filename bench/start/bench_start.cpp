@@ -189,6 +189,7 @@ void Measure(const std::string &platform, int turns)
     Tell("processor time [ms]", starts, floors, processor);
     Tell("main thread's [ms]", starts, floors, mainThread);
     Tell("time, text on floor [ms]", starts, writtenFloors, wall);
+    Tell("main thread's, text [ms]", starts, writtenFloors, mainThread);
     Tell("private memory [MiB]", starts, floors, own);
     Tell("proportional [MiB]", starts, floors, shared);
     std::fflush(stdout);

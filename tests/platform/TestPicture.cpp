@@ -206,3 +206,38 @@ TEST(Picture, AFileIsFoundWithoutRegardToCaseAndAMissingOneIsNamed)
         EXPECT_TRUE(error.Description().contains(u"none.gif"));
     }
 }
+
+TEST(PictureAhead, IsTakenOnceAndReadAnewAfterwards)
+{
+    const TestFolder folder;
+    const QString path = folder.Path() + QStringLiteral("frame.gif");
+    folder.Write(QStringLiteral("frame.gif"), SmallGif());
+    ReadPicturesAhead({path});
+    EXPECT_EQ(LoadPicture(path).size(), QSize(3, 2));
+    folder.Write(QStringLiteral("frame.gif"), Saved(QSize(7, 5), "PNG"));
+    EXPECT_EQ(LoadPicture(path).size(), QSize(7, 5));
+}
+
+TEST(PictureAhead, TellsItsFailureWhenThePictureIsAskedFor)
+{
+    const TestFolder folder;
+    const QString path = folder.Path() + QStringLiteral("none.gif");
+    ReadPicturesAhead({path, folder.Path() + QStringLiteral("neither.gif")});
+    try {
+        LoadPicture(path);
+        ADD_FAILURE();
+    } catch (const RuntimeError &error) {
+        EXPECT_TRUE(error.Description().contains(u"none.gif"));
+    }
+}
+
+TEST(PictureAhead, AnotherStartForgetsWhatNobodyTook)
+{
+    const TestFolder folder;
+    const QString path = folder.Path() + QStringLiteral("frame.gif");
+    folder.Write(QStringLiteral("frame.gif"), SmallGif());
+    ReadPicturesAhead({path});
+    ReadPicturesAhead({});
+    folder.Write(QStringLiteral("frame.gif"), Saved(QSize(7, 5), "PNG"));
+    EXPECT_EQ(LoadPicture(path).size(), QSize(7, 5));
+}
