@@ -62,7 +62,7 @@ std::size_t ThrowAway(char *, std::size_t size, std::size_t count, void *) { ret
 
 struct Parts
 {
-    QByteArray Server; // "http://host:port"
+    QByteArray Server; // "https://host:port"
     QByteArray Target; // "/path?query"
 };
 
@@ -136,7 +136,9 @@ void InternetTransfer::Begin(const QByteArray &Server, const QByteArray &Target)
     library.EasyReset(easy);
     library.EasySetOption(easy, CURLOPT_URL, Server.constData());
     library.EasySetOption(easy, CURLOPT_REQUEST_TARGET, Target.constData());
-    library.EasySetOption(easy, CURLOPT_PROTOCOLS_STR, "http");
+    library.EasySetOption(easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    library.EasySetOption(easy, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+    if (!m_Trusted.isEmpty()) library.EasySetOption(easy, CURLOPT_CAINFO, m_Trusted.constData());
     library.EasySetOption(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
     library.EasySetOption(easy, CURLOPT_USERAGENT, "Noggle");
     library.EasySetOption(easy, CURLOPT_PROXY, ""); // else the environment may name one

@@ -147,7 +147,8 @@ void ctlGameList::MakeLinks()
     lblURL->setFont(underlined);
     lblURL->SetForeColour(LinkColour);
     lblURL->setCursor(Qt::PointingHandCursor);
-    connect(lblURL, &TransLabel::Click, this, [this] { OpenAddress(QStringLiteral("http://") + lblURL->Caption()); });
+    connect(lblURL, &TransLabel::Click, this,
+            [this] { OpenAddress(modMain::ScoreSiteScheme() + lblURL->Caption()); });
     const bool online = modMain::OnlineEnabled();
     for (QWidget *link :
          {static_cast<QWidget *>(butUpload), static_cast<QWidget *>(lblURL), static_cast<QWidget *>(lblNewGames)})

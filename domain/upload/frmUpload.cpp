@@ -187,7 +187,7 @@ void frmUpload::ShowUploadProgress(std::int32_t Current, std::int32_t Total)
 
 QString frmUpload::UploadGame(CPlayer &Player, CGamePlayed &Result)
 {
-    const QByteArray address = (QStringLiteral("http://") + modMain::ScoreSite() + QStringLiteral("/submit.asp?") +
+    const QByteArray address = (modMain::ScoreSiteScheme() + modMain::ScoreSite() + QStringLiteral("/submit.asp?") +
                                 QueryOf(txtEmail->text(), Player, Result))
                                    .toUtf8();
     // It would end the line of the request or forge another one.

@@ -12,19 +12,31 @@ QString Setting(const QString &key, const QString &built)
     return own.isEmpty() ? built : own;
 }
 
-// As people copy it from a browser.
-QString WithoutScheme(QString site)
+const QString Plain = QStringLiteral("http://");
+const QString Secure = QStringLiteral("https://");
+
+struct Site
 {
-    const QString scheme = QStringLiteral("http://");
-    if (site.startsWith(scheme, Qt::CaseInsensitive)) site.remove(0, scheme.size());
-    while (site.endsWith(u'/')) site.chop(1);
+    QString Scheme;
+    QString Host; // with a port and a folder, as they were given
+};
+
+// As people copy it from a browser.
+Site ScoreSiteOfTheSettings()
+{
+    Site site{Plain, Setting(QStringLiteral("ScoreSite"), QStringLiteral(NOGGLE_SCORE_SITE))};
+    for (const QString &scheme : {Plain, Secure}) {
+        if (!site.Host.startsWith(scheme, Qt::CaseInsensitive)) continue;
+        site = {scheme, site.Host.mid(scheme.size())};
+        break;
+    }
+    while (site.Host.endsWith(u'/')) site.Host.chop(1);
     return site;
 }
 } // namespace
 
-QString modMain::ScoreSite()
-{
-    return WithoutScheme(Setting(QStringLiteral("ScoreSite"), QStringLiteral(NOGGLE_SCORE_SITE)));
-}
+QString modMain::ScoreSite() { return ScoreSiteOfTheSettings().Host; }
+
+QString modMain::ScoreSiteScheme() { return ScoreSiteOfTheSettings().Scheme; }
 
 QString modMain::SupportPage() { return Setting(QStringLiteral("SupportPage"), QStringLiteral(NOGGLE_SUPPORT_PAGE)); }

@@ -2,6 +2,7 @@
 #include "platform/InternetTransfer.h"
 #include "platform/ReplyHeader.h"
 #include "tests/support/HttpServer.h"
+#include "tests/support/TlsSite.h"
 
 #include <gtest/gtest.h>
 
@@ -119,6 +120,44 @@ TEST(InternetTransfer, OneThatIsUnderWayIsGivenUpByTheNext)
     }
     EXPECT_EQ(Result(transfer, "http://" + site.Host().toUtf8() + "/"), 0);
     slow.Release();
+}
+
+TEST(InternetTransfer, WithinTlsTooTheTargetStandsAsItIsAndNoOtherProtocolIsOffered)
+{
+    TlsSite site;
+    InternetTransfer transfer;
+    transfer.SetTrusted(site.Certificate().toUtf8());
+    ASSERT_EQ(Result(transfer, "https://" + site.Host().toUtf8() + "/a b?PN=Ann & Ωμέγα#%20"), 0);
+    EXPECT_TRUE(transfer.GetHeader().startsWith("HTTP/1.1 200 OK\r\n"));
+    EXPECT_EQ(site.EndAndTell(), QStringList{QStringLiteral("http/1.1 GET /a b?PN=Ann & Ωμέγα#%20 HTTP/1.1")});
+}
+
+TEST(InternetTransfer, ASiteWhoseCertificateNobodyVouchesForIsToldNothing)
+{
+    TlsSite site;
+    InternetTransfer transfer;
+    EXPECT_EQ(Result(transfer, "https://" + site.Host().toUtf8() + "/secret"), 60);
+    EXPECT_EQ(transfer.GetHeader(), QByteArray());
+    EXPECT_EQ(site.EndAndTell(), QStringList());
+}
+
+TEST(InternetTransfer, ASiteWithTheCertificateOfAnotherIsToldNothing)
+{
+    TlsSite site(QStringLiteral("127.0.0.2"));
+    InternetTransfer transfer;
+    transfer.SetTrusted(site.Certificate().toUtf8());
+    EXPECT_EQ(Result(transfer, "https://" + site.Host().toUtf8() + "/secret"), 60);
+    EXPECT_EQ(site.EndAndTell(), QStringList());
+}
+
+TEST(InternetTransfer, APlainSiteIsNoneBehindTls)
+{
+    HttpServer site([](int, const QByteArray &) { return HttpServer::Reply{.Bytes = HttpServer::Ok()}; });
+    InternetTransfer transfer;
+    transfer.SetLimits({.Connect = 500, .Whole = 500}); // it waits for a request that never ends
+    EXPECT_NE(Result(transfer, "https://" + site.Host().toUtf8() + "/secret"), 0);
+    EXPECT_EQ(transfer.GetHeader(), QByteArray());
+    for (const QByteArray &request : site.Requests()) EXPECT_FALSE(request.contains("secret"));
 }
 
 TEST(InternetTransfer, OtherSchemesAreNone)

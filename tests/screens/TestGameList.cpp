@@ -248,6 +248,21 @@ TEST_F(GameList, TheLinkIsTheScoreSiteOfTheSettingsElseTheOneBuiltIn)
     modMain::SettingsFile.clear();
 }
 
+TEST_F(GameList, TheLinkToASiteBehindTlsOpensItByThatScheme)
+{
+    StartWithAnn();
+    modMain::Online = true;
+    modMain::SettingsFile =
+        m_Store.Folder().Write(S("Settings.ini"), "[Settings]\r\nScoreSite=https://brain.example.org/\r\n");
+    ctlGameList &list = Show();
+    QString opened;
+    list.OpenAddress = [&opened](const QString &address) { opened = address; };
+    Click(S("lblURL"));
+    EXPECT_EQ(Text(S("lblURL")), S("brain.example.org"));
+    EXPECT_EQ(opened, S("https://brain.example.org"));
+    modMain::SettingsFile.clear();
+}
+
 TEST_F(GameList, UploadOpensTheDialogOverTheScreenAndMakesNoSound)
 {
     StartWithAnn();

@@ -1,4 +1,5 @@
 // Every kind of answer that a score site may give, and none at all.
+#include "tests/support/TlsSite.h"
 #include "tests/upload/UploadTest.h"
 
 #include <QTest>
@@ -204,4 +205,13 @@ TEST_F(Replies, AFolderAndASchemeInTheSettingAreUnderstood)
     GivenSite(QStringLiteral("http://") + site.Host() + QStringLiteral("/scores/"));
     EXPECT_EQ(RunForError(), QStringLiteral("yes"));
     EXPECT_TRUE(site.Lines()[0].startsWith("GET /scores/submit.asp?E="));
+}
+
+TEST_F(Replies, ASiteBehindTlsWithoutATrustedCertificateIsToldNothingAndTheRunStops)
+{
+    TlsSite site;
+    GivenSite(QStringLiteral("HTTPS://") + site.Host() + u'/');
+    EXPECT_EQ(RunForError(), QStringLiteral("Error: 60"));
+    EXPECT_EQ(Marked(), QString());
+    EXPECT_EQ(site.EndAndTell(), QStringList());
 }
