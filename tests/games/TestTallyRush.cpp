@@ -228,6 +228,21 @@ TEST_F(TallyRush, StandsStillWhileNothingMoves)
     EXPECT_TRUE(Table.UntilStill());
 }
 
+TEST_F(TallyRush, ASeedInTheSettingsFileMakesTheBoardKnown)
+{
+    const auto tasks = [](std::uint32_t seed) {
+        const Stage table(QStringLiteral("TallyRush.GameArea"), WithSeed(Folder, seed));
+        QStringList told;
+        for (int start = 0; start < 2; ++start) {
+            table.Game->Message(QStringLiteral("start"), 9);
+            told += table.Game->Control()->accessibleName();
+        }
+        return told;
+    };
+    EXPECT_EQ(tasks(7)[0], tasks(7)[1]);
+    EXPECT_NE(tasks(7)[0], tasks(8)[0]);
+}
+
 TEST_F(TallyRush, EveryWordOfItsOwnIsThereInBothLanguages)
 {
     for (const char *name : {"Name", "Hint", "Points", "Level", "TimeUp", "Right"}) {

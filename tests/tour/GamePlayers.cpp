@@ -2,6 +2,9 @@
 
 #include "Hands.h"
 
+#include "services/modIniFile.h"
+
+#include <QDir>
 #include <QRegularExpression>
 #include <QThread>
 
@@ -34,7 +37,7 @@ int ResultOf(const QString &task)
 }
 
 // Tally Rush tells the task and what has been typed. One answer is wrong, so that this is seen too.
-void PlayTallyRush(Hands &hands, const Stamina &stamina)
+void PlayTallyRush(Hands &hands, const Stamina &stamina, const Board &)
 {
     hands.Picture(QStringLiteral("tally-rush"));
     for (int task = 1; hands.SeesGame() && stamina.IsLeft(); ++task) {
@@ -119,20 +122,31 @@ private:
     Lantern m_Ring{1, 1};
 };
 
-void PlayLanternRow(Hands &hands, const Stamina &stamina) { LanternPlayer(hands, stamina).Play(); }
+void PlayLanternRow(Hands &hands, const Stamina &stamina, const Board &) { LanternPlayer(hands, stamina).Play(); }
 
 struct Entry
 {
     const char *component;
-    void (*play)(Hands &, const Stamina &);
+    void (*play)(Hands &, const Stamina &, const Board &);
 };
 constexpr std::array Table{Entry{"LanternRow", PlayLanternRow}, Entry{"TallyRush", PlayTallyRush}};
 } // namespace
 
-bool PlayGame(const QString &Component, Hands &Hands, const Stamina &Stamina)
+void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed)
+{
+    const QDir program(ProgramFolder);
+    for (const QString &folder : program.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString settings = program.filePath(folder + QStringLiteral("/GameSettings.ini"));
+        if (QFile::exists(settings) &&
+            !WriteIniString(QStringLiteral("config"), QStringLiteral("seed"), QString::number(Seed), settings))
+            throw TourFailure(QStringLiteral("%1 can't be written.").arg(settings));
+    }
+}
+
+bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const Stamina &Stamina)
 {
     for (const Entry &entry : Table)
-        if (Component == QLatin1String(entry.component)) return entry.play(Hands, Stamina), true;
+        if (Component == QLatin1String(entry.component)) return entry.play(Hands, Stamina, Board), true;
     Hands.Picture(QStringLiteral("game-that-nobody-plays"));
     return false;
 }

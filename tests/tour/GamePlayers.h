@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QString>
 
+#include <cstdint>
+
 class Hands;
 
 /// How long a game is played before its clock is moved on. [s]
@@ -18,6 +20,17 @@ private:
     QElapsedTimer m_Passed;
 };
 
+/// What a game's board follows from. With both of them, a game's own rules tell a player what is right.
+struct Board
+{
+    int Level = 1;
+    std::uint32_t Seed = 7;
+};
+
+/// Lets every game in the program's folder make the boards of that seed.
+/// Failure: passed on, a TourFailure.
+void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed = Board().Seed);
+
 /// Plays the running game until it has ended by itself or the stamina is spent. False, at once, for a game that
 /// nobody here can play. Failure: passed on.
-bool PlayGame(const QString &Component, Hands &Hands, const Stamina &Stamina);
+bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const Stamina &Stamina);

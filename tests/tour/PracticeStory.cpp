@@ -43,7 +43,7 @@ void Story::Practise()
     m_Hands.Click(QStringLiteral("cmdPlay"));
     m_Hands.WaitUntil(Game, [this] { return m_Hands.SeesGame(); });
     MinimiseWhilePlaying();
-    PlayGame(Component, m_Hands, Stamina(AsLongAsItTakes));
+    PlayGame(Component, {Level}, m_Hands, Stamina(AsLongAsItTakes));
 
     m_Hands.WaitFor(QStringLiteral("cmd2"));
     m_Hands.Picture(QStringLiteral("practice-result"));

@@ -42,7 +42,8 @@ void Story::PlayWorkoutGame(int Tile, int Stamina)
     m_Hands.Click(QStringLiteral("butPlay") + offer.row);
     m_Hands.WaitUntil(offer.game, [this] { return m_Hands.SeesGame(); });
     if (Stamina > 0)
-        PlayGame(offer.gameRow.value(QStringLiteral("GameComponent")).toString(), m_Hands, ::Stamina(Stamina));
+        PlayGame(offer.gameRow.value(QStringLiteral("GameComponent")).toString(), {offer.level}, m_Hands,
+                 ::Stamina(Stamina));
     if (m_Hands.SeesGame()) m_Hands.PassTime(offer.gameRow.value(QStringLiteral("GameTimeLimit")).toInt());
     const Score score = WatchScore(offer);
     CompareResult(offer, score);

@@ -1,5 +1,6 @@
 // A day with the program, or the days after it, on its real start-up: see README.md.
 #include "Camera.h"
+#include "GamePlayers.h"
 #include "Hands.h"
 #include "StoreRows.h"
 #include "Story.h"
@@ -66,6 +67,11 @@ int main(int argc, char *argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 6) return Usage();
     SetProgramFolder(QDir(arguments[1]).absolutePath() + u'/');
+    try {
+        GiveSeeds(ProgramFolder());
+    } catch (...) {
+        Fail(DescriptionOf(std::current_exception()));
+    }
     const int day = arguments[3].toInt();
 
     TourClock clock(day);

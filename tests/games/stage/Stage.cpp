@@ -1,12 +1,35 @@
 #include "tests/games/stage/Stage.h"
 
+#include "services/modIniFile.h"
 #include "shell/program/modMain.h"
 
+#include <gtest/gtest.h>
+
+#include <QDir>
 #include <QEventLoop>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <algorithm>
+
+QString WithSeed(const QString &Folder, std::uint32_t Seed)
+{
+    static const QTemporaryDir copies;
+    const QString name = QDir(Folder).dirName();
+    const QString copy = QStringLiteral("%1/%2/%3/").arg(copies.path()).arg(Seed).arg(name);
+    if (QDir(copy).exists()) return copy;
+    for (const char *part : {"", "sounds/"}) {
+        EXPECT_TRUE(QDir().mkpath(copy + QLatin1String(part)));
+        const QDir from(Folder + QLatin1String(part));
+        for (const QString &file : from.entryList(QDir::Files))
+            EXPECT_TRUE(QFile::copy(from.filePath(file), copy + QLatin1String(part) + file)) << qPrintable(file);
+    }
+    const QString settings = copy + QStringLiteral("GameSettings.ini");
+    QFile::setPermissions(settings, QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_TRUE(WriteIniString(QStringLiteral("config"), QStringLiteral("seed"), QString::number(Seed), settings));
+    return copy;
+}
 
 Stage::Stage(const QString &ClassName, const QString &Folder, QSize Size)
     : Framework(PlayedFramework::Install(Folder))

@@ -9,6 +9,10 @@
 
 #include <functional>
 
+/// The delivered game's folder in a copy whose board follows from that seed; the copy goes with the program. Both
+/// folders end in a separator.
+QString WithSeed(const QString &Folder, std::uint32_t Seed);
+
 class Stage
 {
 public:
