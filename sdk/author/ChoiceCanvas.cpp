@@ -38,7 +38,7 @@ double ChoiceCanvas::Telling() const { return m_Chosen ? 1 - m_Telling.Left(Now(
 void ChoiceCanvas::KeyPressed(int Key)
 {
     if (!m_Begun || m_Chosen) return;
-    const auto choice = m_Choices.Key(Key);
+    const auto choice = ChoiceOf(Key);
     update();
     if (choice) Choose(*choice);
 }

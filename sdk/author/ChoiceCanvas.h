@@ -37,6 +37,8 @@ protected:
     virtual QString ItemInWords() const = 0;
     /// The line at the foot; the word "Hint" unless told otherwise.
     virtual QString Line() const { return Word("Hint"); }
+    /// What a virtual-key number chooses, or empty; as Choices tells unless told otherwise.
+    virtual std::optional<int> ChoiceOf(int Key) { return m_Choices.Key(Key); }
     /// The item is on the screen from now on.
     virtual void ItemShown() {}
 
