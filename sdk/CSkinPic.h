@@ -1,4 +1,4 @@
-// One picture of a skin, as games may hold it.
+// One picture of a skin, as games may hold it: made and deleted by who makes it, used on the interface thread alone.
 #pragma once
 
 #include <QImage>
