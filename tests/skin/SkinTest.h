@@ -2,6 +2,7 @@
 // gives skins to controls.
 #pragma once
 
+#include "skin/CSkin.h"
 #include "tests/support/GifBytes.h"
 #include "tests/support/RecordingFramework.h"
 #include "tests/support/TestFolder.h"
@@ -41,4 +42,11 @@ protected:
     static void Keep(QWidget &window, const QString &name);
 
     TestFolder m_Folder;
+};
+
+/// Loading digits has no caller in the program.
+class DigitSkin : public CSkin
+{
+public:
+    using CSkin::LoadDigitPics;
 };

@@ -1,0 +1,111 @@
+// Which skins of the skins folder are listed, and that the delivered ones are whole.
+#include "platform/RuntimeError.h"
+#include "sdk/CSkinPic.h"
+#include "shell/program/modMain.h"
+#include "skin/ScreenSize.h"
+#include "skin/colSkin.h"
+#include "tests/skin/SkinTest.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace
+{
+const QString Blue = QStringLiteral("Blue");
+
+class SkinList : public SkinTest
+{
+protected:
+    static QStringList Listed()
+    {
+        QStringList names;
+        for (const auto &skin : colSkin()) names << skin->Name();
+        return names;
+    }
+};
+} // namespace
+
+TEST_F(SkinList, SkinsAreListedByNameWithoutRegardToCase)
+{
+    for (const char *name : {"beta", "Alpha", "Gamma", ".hidden"}) GivenSkin(QLatin1String(name));
+    EXPECT_EQ(Listed(), (QStringList{QStringLiteral("Alpha"), QStringLiteral("beta"), QStringLiteral("Gamma")}));
+    const colSkin skins;
+    EXPECT_EQ(skins.Item(QStringLiteral("BETA")), skins.Item(2));
+    EXPECT_THROW(skins.Item(QStringLiteral("2")), RuntimeError) << "a number in text form is a name";
+    EXPECT_THROW(skins.Item(4), RuntimeError);
+}
+
+TEST_F(SkinList, ASkinTooLargeForTheScreenIsNotListed)
+{
+    GivenSkin(Blue);
+    GivenSkin(QStringLiteral("Huge"), "[Graphics]\r\nMinX=1024\r\n");
+    SetScreenSize({800, 600});
+    EXPECT_EQ(Listed(), QStringList{Blue});
+}
+
+TEST_F(SkinList, BrokenSkinsDropOutAlone)
+{
+    GivenSkin(Blue);
+    GivenSkin(QStringLiteral("NoNumber"), "[Position]\r\nMenuTop=x\r\n");
+    GivenSkin(QStringLiteral("NoPicture"));
+    QFile::remove(m_Folder.Path() + QStringLiteral("skins/NoPicture/ButtonHighlight.gif"));
+    GivenSkin(QStringLiteral("Damaged"));
+    m_Folder.Write(QStringLiteral("skins/Damaged/ButtonSelected.gif"), Gif(200, 40).left(60));
+    m_Folder.Write(QStringLiteral("skins/readme.txt"), "no skin");
+    QDir().mkpath(m_Folder.Path() + QStringLiteral("skins/Empty"));
+    EXPECT_EQ(Listed(), QStringList{Blue});
+    EXPECT_EQ(m_Folder.Read(QStringLiteral("skins/readme.txt")), "no skin");
+}
+
+TEST_F(SkinList, NoSkinsFolderGivesAnEmptyList) { EXPECT_TRUE(Listed().isEmpty()); }
+
+TEST_F(SkinList, AFolderThatCannotBeWrittenIsListedAllTheSame)
+{
+    GivenSkin(Blue);
+    const QString folder = m_Folder.Path() + QStringLiteral("skins/Blue");
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(Listed(), QStringList{Blue});
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(SkinList, TheDeliveredSkinsAreCompleteAndReadingThemWritesNothing)
+{
+    for (const char *name : {"Meadow", "Night"}) {
+        GivenDeliveredSkin(QLatin1String(name));
+        const QString ini = QStringLiteral("skins/%1/Skin.ini").arg(QLatin1String(name));
+        const QByteArray before = m_Folder.Read(ini);
+        DigitSkin skin;
+        skin.SetName(QLatin1String(name));
+        EXPECT_EQ(m_Folder.Read(ini), before) << name;
+        using Read = QImage (CSkin::*)();
+        for (const Read read :
+             {&CSkin::BackgroundPicture, &CSkin::DialogPicture, &CSkin::DigitButton, &CSkin::DigitButtonPressed,
+              &CSkin::WideButton, &CSkin::WideButtonPressed, &CSkin::VeryWideButton, &CSkin::VeryWideButtonPressed,
+              &CSkin::PuzzleBackground, &CSkin::PuzzleBackgroundGiven})
+            EXPECT_FALSE((skin.*read)().isNull()) << name;
+        EXPECT_FALSE(skin.Pic(QStringLiteral("Button300")).isNull());
+        EXPECT_FALSE(skin.Pic(QStringLiteral("Button300Down")).isNull());
+        EXPECT_NO_THROW(skin.LoadDigitPics());
+        EXPECT_EQ(skin.Frame()->picture().size(), QSize(900, 650));
+        EXPECT_EQ(skin.GameAreaWidth, 620);
+        EXPECT_EQ(skin.GameAreaHeight, 510);
+    }
+}
+
+// A JPEG has no transparent ground: a skin whose field has another colour would show the logo as a square.
+TEST_F(SkinList, TheLogoStandsOnAFieldOfItsOwnColourInTheDeliveredSkins)
+{
+    const QImage logo(QStringLiteral(NOGGLE_LOGO));
+    ASSERT_EQ(logo.size(), QSize(150, 150));
+    for (const char *name : {"Meadow", "Night"}) {
+        GivenDeliveredSkin(QLatin1String(name));
+        const QImage frame = modMain::CurrentSkin->Frame()->picture();
+        const QPoint at(modMain::CurrentSkin->LogoLeft, modMain::CurrentSkin->LogoTop);
+        for (const QPoint corner : {QPoint(1, 1), QPoint(148, 1), QPoint(1, 148), QPoint(148, 148)}) {
+            const QColor one = logo.pixelColor(corner), other = frame.pixelColor(at + corner);
+            EXPECT_NEAR(one.red(), other.red(), 2) << name;
+            EXPECT_NEAR(one.green(), other.green(), 2) << name;
+            EXPECT_NEAR(one.blue(), other.blue(), 2) << name;
+        }
+    }
+}
