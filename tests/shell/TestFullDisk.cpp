@@ -35,10 +35,6 @@ protected:
     }
     ~FullDisk() override { Disk.MakeRoom(); }
 
-    int Count(const char *table) const
-    {
-        return Program.Ask(QStringLiteral("select count(*) from ") + QLatin1String(table)).toInt();
-    }
     /// Everything that the store holds of the players.
     QString Rows() const
     {
@@ -52,14 +48,6 @@ protected:
     void ExpectWholeStore() const
     {
         EXPECT_EQ(Program.Ask(QStringLiteral("pragma integrity_check")), QStringLiteral("ok"));
-    }
-    void ExpectThatAGameIsStored()
-    {
-        const int before = Count("GamePlayed");
-        Play();
-        EndAndScore();
-        EXPECT_EQ(Count("GamePlayed"), before + 1);
-        EXPECT_EQ(Program.Window().Mode(), 6);
     }
     /// Every file of the program's folder with its bytes.
     QMap<QString, QByteArray> Files() const

@@ -69,18 +69,6 @@ protected:
         Program.Folder.Copy(QStringLiteral(NOGGLE_STORE), QStringLiteral("Noggle.mdb"));
         QFile::setPermissions(store, QFile::ReadOwner | QFile::WriteOwner);
     }
-    int Count(const char *table) const
-    {
-        return Program.Ask(QStringLiteral("select count(*) from ") + QLatin1String(table)).toInt();
-    }
-    void ExpectThatAGameIsStored()
-    {
-        const int before = Count("GamePlayed");
-        Play();
-        EndAndScore();
-        EXPECT_EQ(Count("GamePlayed"), before + 1);
-        EXPECT_EQ(Program.Window().Mode(), 6);
-    }
 };
 } // namespace
 

@@ -1,7 +1,6 @@
 #include "tests/upload/UploadTest.h"
 
 #include "domain/Store.h"
-#include "domain/colCategory.h"
 #include "platform/Clock.h"
 #include "sdk/controls/LarkButton.h"
 #include "services/modIniFile.h"
@@ -14,24 +13,6 @@
 
 void PrintTo(const QString &Text, std::ostream *Out) { *Out << '"' << Text.toStdString() << '"'; }
 void PrintTo(const QByteArray &Bytes, std::ostream *Out) { *Out << '"' << Bytes.toStdString() << '"'; }
-
-void LoadRecords()
-{
-    ForgetRecords();
-    modMain::Players = std::make_shared<colPlayer>();
-    modMain::Categories = std::make_shared<colCategory>();
-    modMain::Games = std::make_shared<colGame>();
-    modMain::Players->Load();
-    modMain::Categories->Load();
-    modMain::Games->Load();
-}
-
-void ForgetRecords()
-{
-    modMain::Games.reset();
-    modMain::Categories.reset();
-    modMain::Players.reset();
-}
 
 UploadTest::UploadTest() : m_Framework(RecordingFramework::Install())
 {

@@ -7,6 +7,7 @@
 #include "shell/program/modMain.h"
 #include "tests/support/HttpServer.h"
 #include "tests/support/RecordingFramework.h"
+#include "tests/support/Records.h"
 #include "tests/support/TestStore.h"
 
 #include <gtest/gtest.h>
@@ -15,10 +16,6 @@
 
 void PrintTo(const QString &Text, std::ostream *Out);
 void PrintTo(const QByteArray &Bytes, std::ostream *Out);
-
-/// The settings, the records and the words that an upload needs, on the store of the program's folder.
-void LoadRecords();
-void ForgetRecords();
 
 class UploadTest : public testing::Test
 {

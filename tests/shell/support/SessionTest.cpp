@@ -144,6 +144,20 @@ quint32 SessionTest::Commits() const
     return qFromBigEndian<quint32>(Program.Folder.Read(QStringLiteral("Noggle.mdb")).constData() + At);
 }
 
+int SessionTest::Count(const char *Table) const
+{
+    return Program.Ask(QStringLiteral("select count(*) from ") + QLatin1String(Table)).toInt();
+}
+
+void SessionTest::ExpectThatAGameIsStored()
+{
+    const int before = Count("GamePlayed");
+    Play();
+    EndAndScore();
+    EXPECT_EQ(Count("GamePlayed"), before + 1);
+    EXPECT_EQ(Program.Window().Mode(), 6);
+}
+
 QString SessionTest::Results() const
 {
     return Stored(QStringLiteral("select GamePlayedScore, GamePlayedPoints, GamePlayedTime, GamePlayedMode, "

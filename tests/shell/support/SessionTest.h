@@ -58,6 +58,10 @@ protected:
     QString Stored(const QString &Sql) const;
     /// Commits that changed the store's file so far: its own count of them, modulo 2^32.
     quint32 Commits() const;
+    /// The rows of a table.
+    int Count(const char *Table) const;
+    /// Plays a game of a workout to its end and looks for its result.
+    void ExpectThatAGameIsStored();
     /// All results: score, points, time, mode, level, award, workout.
     QString Results() const;
     /// All states: level, awards, unspent awards.
