@@ -42,6 +42,8 @@ protected:
     virtual void TimeWasUp() {}
 
     // What it may use.
+    /// From "start" to "unload".
+    CNoggleFramework &Framework() const { return *m_Framework; }
     QString Word(const char *Name) const;
     /// Where this session's board comes from: another one each time, or the number that the settings file gives under
     /// "seed" in "config", so that an author can play one board again and again.
