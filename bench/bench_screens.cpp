@@ -2,6 +2,7 @@
 // real clicks, and in the same run what a bare window of the same size needs to be painted anew. Times are in
 // milliseconds; the middle turn of each counts, since it is what a person mostly meets, and the worst is told.
 #include "BenchStore.h"
+#include "Painted.h"
 #include "platform/store/Connection.h"
 #include "platform/store/Statement.h"
 #include "shell/GuardedApplication.h"
@@ -75,25 +76,6 @@ RunningProgram &Program()
     return *program;
 }
 
-// Counts what is painted, so that no turn is measured that painted nothing.
-class PaintCount final : public QObject
-{
-public:
-    PaintCount() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint) ++Count;
-        return false;
-    }
-    int Count = 0;
-};
-
-void Drain()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-}
-
 class BareWindow final : public QWidget
 {
 public:
@@ -110,12 +92,6 @@ protected:
 private:
     QImage m_Picture;
 };
-
-double Middle(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 void Race(benchmark::State &state, const std::function<void()> &setUp, const std::function<void()> &click)
 {
