@@ -62,6 +62,16 @@ std::uint32_t GameCanvas::Seed() const
     return isGiven ? seed : QRandomGenerator::global()->generate();
 }
 
+double GameCanvas::TimeFactor() const
+{
+    constexpr double Whole = 100; // [percent]
+    constexpr int Swiftest = 10;
+    constexpr int Slowest = 1000;
+    bool isGiven = false;
+    const int given = m_Framework->GetSetting(QStringLiteral("config"), QStringLiteral("pace")).toInt(&isGiven);
+    return isGiven ? std::clamp(given, Swiftest, Slowest) / Whole : 1;
+}
+
 void GameCanvas::WriteFoot(QPainter &Painter, const QRectF &Box, const QString &Line, int Level) const
 {
     constexpr double Figures = 200; // their part of the width

@@ -48,6 +48,9 @@ protected:
     /// Where this session's board comes from: another one each time, or the number that the settings file gives under
     /// "seed" in "config", so that an author can play one board again and again.
     std::uint32_t Seed() const;
+    /// What a paced game multiplies its times with: the settings file's "pace" in "config", in percent, from 10 to
+    /// 1000; 1 where nothing is told. So a player who needs longer gets it, and an author need not wait.
+    double TimeFactor() const;
     /// A line of words on the left, level and points on the right.
     void WriteFoot(QPainter &Painter, const QRectF &Box, const QString &Line, int Level) const;
     void Progress(int Percent) const;

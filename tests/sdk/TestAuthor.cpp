@@ -1,6 +1,7 @@
 #include "sdk/author/Choices.h"
 #include "sdk/author/Countdown.h"
 #include "sdk/author/Rounds.h"
+#include "sdk/author/SeenTime.h"
 
 #include <gtest/gtest.h>
 
@@ -123,4 +124,42 @@ TEST(Countdown, RunsFromOneToNothing)
     EXPECT_TRUE(countdown.IsOver(1400));
     countdown.Stop();
     EXPECT_FALSE(countdown.Runs());
+}
+
+TEST(SeenTime, PassesWithTheClock)
+{
+    SeenTime time;
+    time.Start(1000, 600);
+    for (qint64 now = 1016; now <= 1592; now += 16) time.Pass(now);
+    EXPECT_EQ(time.Passed(), 592);
+    EXPECT_EQ(time.Left(), 8);
+    EXPECT_FALSE(time.IsOver());
+    time.Pass(1608);
+    EXPECT_TRUE(time.IsOver());
+    EXPECT_EQ(time.Left(), 0);
+    EXPECT_EQ(time.Phase(), 1);
+}
+
+TEST(SeenTime, AMachineThatStoodStillTakesLittleOfIt)
+{
+    SeenTime time;
+    time.Start(1000, 600);
+    time.Pass(9000);
+    EXPECT_EQ(time.Passed(), 100);
+    time.Pass(9016);
+    EXPECT_EQ(time.Passed(), 116);
+}
+
+TEST(SeenTime, HasSixPicturesHoweverShortItIs)
+{
+    SeenTime time;
+    time.Start(0, 12);
+    for (int picture = 1; picture <= 5; ++picture) {
+        time.Pass(picture * 1000);
+        EXPECT_FALSE(time.IsOver());
+    }
+    time.Pass(6000);
+    EXPECT_TRUE(time.IsOver());
+    time.Start(7000, 0);
+    EXPECT_FALSE(time.IsOver()) << "what lasts no time is over with the first picture";
 }
