@@ -4,14 +4,22 @@
 #include "domain/Row.h"
 #include "shell/program/Trapped.h"
 
+#include <algorithm>
+
 colGamePlayed &CWorkout::GamesPlayed()
 {
     return LoadedOnce(m_GamesPlayed, [this](colGamePlayed &list) { list.SetWorkout(Key); });
 }
 
-void CWorkout::TakeGamesPlayed(std::unique_ptr<colGamePlayed> Results)
+std::optional<std::int32_t> CWorkout::PointsIn(std::int32_t CategoryKey)
 {
-    if (!m_GamesPlayed) m_GamesPlayed = std::move(Results);
+    if (m_GamesPlayed || !m_Points) {
+        const auto result = GamesPlayed().ByCat(CategoryKey);
+        return result ? std::optional(result->Points) : std::nullopt;
+    }
+    const auto found = std::find_if(m_Points->begin(), m_Points->end(),
+                                    [&](const CategoryPoints &points) { return points.Category == CategoryKey; });
+    return found == m_Points->end() ? std::nullopt : std::optional(found->Points);
 }
 
 void CWorkout::Save()

@@ -5,6 +5,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 class CWorkout
 {
@@ -21,16 +24,26 @@ public:
     /// Its results, oldest first; loaded at the first read. Results added through it belong to it. Failure: passed
     /// on.
     colGamePlayed &GamesPlayed();
-    /// Hands over results that were read for several workouts at once. Nothing happens when they were read before.
-    void TakeGamesPlayed(std::unique_ptr<colGamePlayed> Results);
+    /// The points of its first result in a category, the one GamesPlayed().ByCat finds, or nothing. Failure: passed
+    /// on.
+    std::optional<std::int32_t> PointsIn(std::int32_t CategoryKey);
+    /// Hands over what PointsIn answers as long as the results themselves are not read: a chart of thousands of
+    /// workouts asks for no more of them.
+    struct CategoryPoints
+    {
+        std::int32_t Category;
+        std::int32_t Points;
+    };
+    void TakePoints(std::vector<CategoryPoints> Points) { m_Points = std::move(Points); }
     /// Failure: trapped, "Error saving Workout info."
     void Save();
     /// Sets Status to 1 and saves.
     /// Failure: trapped by Save; Status stays 1 in memory.
     void Complete();
 
-    bool HasReadGamesPlayed() const { return m_GamesPlayed != nullptr; }
+    bool KnowsPoints() const { return m_GamesPlayed != nullptr || m_Points.has_value(); }
 
 private:
     std::unique_ptr<colGamePlayed> m_GamesPlayed;
+    std::optional<std::vector<CategoryPoints>> m_Points;
 };

@@ -15,6 +15,8 @@ public:
     std::shared_ptr<CGame> Add(const QString &Name, const QString &ComponentName, const QString &Key);
     /// By the bare key. Failure: passed on.
     const std::shared_ptr<CGame> &Item(std::int32_t Key) const { return m_Games.ByNumber(Key); }
+    /// By the bare key, or empty.
+    std::shared_ptr<CGame> Find(std::int32_t Key) const { return m_Games.Find(Key); }
     /// From 1. Failure: passed on.
     const std::shared_ptr<CGame> &ByPosition(std::int32_t Position) const { return m_Games.Item(Position); }
     std::int32_t Count() const { return m_Games.Count(); }

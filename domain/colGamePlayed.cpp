@@ -105,26 +105,6 @@ void colGamePlayed::Load()
     }
 }
 
-std::map<std::int32_t, std::unique_ptr<colGamePlayed>> colGamePlayed::LoadWorkoutsOf(std::int32_t Player)
-{
-    std::map<std::int32_t, std::unique_ptr<colGamePlayed>> lists;
-    const auto set = modMain::GetRecordset(
-        QStringLiteral("select * from GamePlayed where GamePlayedWorkout in (select WorkoutKey from Workout where "
-                       "WorkoutPlayer=?) order by GamePlayedWorkout, GamePlayedTimestamp"),
-        QVariantList{Player});
-    Recordset &row = Rows(set);
-    const ResultColumns columns(row);
-    for (; !row.Eof(); row.MoveNext()) {
-        auto result = columns.Record(row);
-        const std::int32_t key = result->Key;
-        auto &list = lists[result->Workout];
-        if (!list) list = std::make_unique<colGamePlayed>();
-        list->SetWorkout(result->Workout);
-        list->m_Results.AddRow(std::move(result), key);
-    }
-    return lists;
-}
-
 std::shared_ptr<CGamePlayed> colGamePlayed::ByCat(std::int32_t CategoryKey) const
 {
     const auto isOfCategory = [&](const auto &result) {

@@ -9,7 +9,6 @@
 #include "domain/CGamePlayed.h"
 #include "domain/RecordList.h"
 
-#include <map>
 #include <memory>
 
 class Recordset;
@@ -41,9 +40,6 @@ public:
     /// Replaces the list. Histories come oldest first, best results by score, then shorter time, then earlier.
     /// Failure: passed on; without a filter there is nothing to read, and that is one.
     void Load();
-    /// Of the results of one player's workouts, a list for each workout that has any, as Load with the workout's
-    /// filter gives it; one statement for all of them. Failure: passed on.
-    static std::map<std::int32_t, std::unique_ptr<colGamePlayed>> LoadWorkoutsOf(std::int32_t Player);
     /// The first result whose game lies in the category, or empty. Failure: passed on, for a game that is not in the
     /// catalogue.
     std::shared_ptr<CGamePlayed> ByCat(std::int32_t CategoryKey) const;

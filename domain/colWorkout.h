@@ -21,13 +21,15 @@ public:
     auto end() const { return m_Workouts.end(); }
     /// Replaces the list. PlayerKey must be set before. Failure: passed on.
     void Load();
-    /// Reads the results of all workouts whose results were not read yet by one statement: with thousands of them,
-    /// one each takes as long as ten frames. Failure: passed on.
-    void LoadResults();
+    /// Reads by one statement what PointsIn of each workout answers, where its results were not read yet: with
+    /// thousands of workouts, one statement each takes as long as ten frames. Failure: passed on.
+    void LoadPoints();
     /// The last open workout of the list, or empty.
     std::shared_ptr<CWorkout> Current() const;
 
 private:
+    bool KnowsAllPoints() const;
+
     RecordList<CWorkout> m_Workouts;
     std::int32_t m_PlayerKey = 0;
 };

@@ -39,7 +39,9 @@ create table GamePlayed (
     GamePlayedUploaded   integer,
     GamePlayedWorkout    integer
 );
-create index GamePlayedByWorkout on GamePlayed (GamePlayedWorkout, GamePlayedTimestamp);
+-- The chart of a player's workouts is read from this index alone, without a visit to the rows.
+create index GamePlayedByWorkout on GamePlayed (GamePlayedWorkout, GamePlayedTimestamp, GamePlayedKey, GamePlayedGame,
+                                                GamePlayedPoints);
 create index GamePlayedByPlayer  on GamePlayed (GamePlayedPlayer, GamePlayedTimestamp);
 create index GamePlayedBest      on GamePlayed (GamePlayedGame, GamePlayedLevel, GamePlayedMode,
                                                 GamePlayedScore desc, GamePlayedTime, GamePlayedTimestamp);

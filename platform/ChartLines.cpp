@@ -3,8 +3,11 @@
 #include "platform/Colour.h"
 #include "platform/LarkChart.h"
 
+#include <QImage>
+
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include <qcustomplot.h>
 
@@ -152,34 +155,57 @@ private:
     std::vector<Point> m_Marks;
 };
 
-// Points that are too many for marks.
+// All four parts of a colour times a share of 255, two parts in one multiplication.
+QRgb Share(QRgb colour, quint32 share)
+{
+    constexpr quint32 twoParts = 0xFF00FF, halves = 0x800080;
+    const auto times = [&](quint32 parts) {
+        const quint32 product = parts * share;
+        return (product + ((product >> 8) & twoParts) + halves) >> 8 & twoParts; // rounded division by 255
+    };
+    return times(colour & twoParts) | times(colour >> 8 & twoParts) << 8;
+}
+
+// Points that are too many for marks, of all series in one picture that is drawn at once: tens of thousands of small
+// squares take a painter half a frame.
 class Dots final : public QCPGraph
 {
 public:
-    Dots(const QCustomPlot &Plot, const QColor &Colour) : QCPGraph(Plot.xAxis, Plot.yAxis)
-    {
-        setPen(QPen(Colour));
-        setLineStyle(lsNone);
-        setScatterStyle(QCPScatterStyle::ssDot);
-    }
-    void Show(const std::vector<Point> &Points)
-    {
-        for (const Point &point : Points)
-            if (!ChartScale::IsMissing(point.Y)) mDataContainer->add(QCPGraphData(point.X, point.Y));
-    }
+    explicit Dots(const QCustomPlot &Plot) : QCPGraph(Plot.xAxis, Plot.yAxis) {}
+    void Show(std::vector<ChartLines::DotsOfSeries> All) { m_All = std::move(All); }
 
 protected:
-    void drawScatterPlot(QCPPainter *painter, const QVector<QPointF> &scatters,
-                         const QCPScatterStyle &) const override
+    void draw(QCPPainter *painter) override
     {
-        std::vector<QRect> dots;
-        dots.reserve(static_cast<std::size_t>(scatters.size()));
-        for (const QPointF &place : scatters) dots.emplace_back(place.toPoint(), QSize(DotSize, DotSize));
-        painter->setAntialiasing(false);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(mPen.color()); // squares of whole pixels are filled many times faster than points
-        painter->drawRects(dots.data(), static_cast<int>(dots.size()));
+        const QRect plot = clipRect();
+        QImage picture(plot.size(), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        for (const auto &[colour, points] : m_All)
+            SetDots(picture, plot.topLeft(), points, qPremultiply(colour.rgba()));
+        painter->drawImage(plot.topLeft(), picture);
     }
+
+private:
+    // Both axes are even, so the places of two points tell those of all.
+    void SetDots(QImage &picture, const QPointF &corner, const std::vector<Point> &points, QRgb ink) const
+    {
+        const QPointF zero = QPointF(keyAxis()->coordToPixel(0), valueAxis()->coordToPixel(0)) - corner;
+        const QPointF one = QPointF(keyAxis()->coordToPixel(1), valueAxis()->coordToPixel(1)) - corner - zero;
+        for (const Point &point : points)
+            if (!ChartScale::IsMissing(point.Y))
+                SetDot(picture, QPointF(zero.x() + one.x() * point.X, zero.y() + one.y() * point.Y).toPoint(), ink);
+    }
+    static void SetDot(QImage &picture, const QPoint &place, QRgb ink)
+    {
+        const QRect dot = QRect(place, QSize(DotSize, DotSize)) & picture.rect();
+        const quint32 through = 255 - static_cast<quint32>(qAlpha(ink));
+        for (int y = dot.top(); y <= dot.bottom(); ++y) {
+            auto *const line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+            for (int x = dot.left(); x <= dot.right(); ++x) line[x] = ink + Share(line[x], through);
+        }
+    }
+
+    std::vector<ChartLines::DotsOfSeries> m_All;
 };
 } // namespace
 
@@ -195,12 +221,7 @@ QCPGraph *ChartLines::AddLine(QCustomPlot &Plot, const ChartSeries &Series, cons
     return line;
 }
 
-void ChartLines::AddDots(QCustomPlot &Plot, const ChartSeries &Series, const std::vector<Point> &Points, int Ink)
-{
-    QColor colour = ToColour(Series.Colour);
-    colour.setAlpha(Ink);
-    (new Dots(Plot, colour))->Show(Points);
-}
+void ChartLines::AddDots(QCustomPlot &Plot, std::vector<DotsOfSeries> All) { (new Dots(Plot))->Show(std::move(All)); }
 
 void ChartLines::AddTint(QCustomPlot &Plot, const ChartSeries &Series, const std::vector<Point> &Points,
                          const QColor &Ground)

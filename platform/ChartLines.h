@@ -4,10 +4,11 @@
 
 #include "platform/ChartScale.h"
 
+#include <QColor>
+
 #include <cstddef>
 #include <vector>
 
-class QColor;
 class QCPGraph;
 class QCustomPlot;
 struct ChartSeries;
@@ -18,8 +19,13 @@ namespace ChartLines
 /// the scale aren't cut in half.
 QCPGraph *AddLine(QCustomPlot &Plot, const ChartSeries &Series, const std::vector<ChartScale::Point> &Points,
                   const std::vector<std::size_t> &Marked, bool WholeMarks);
-/// Each point as a dot in the series' colour, Ink of 255 strong.
-void AddDots(QCustomPlot &Plot, const ChartSeries &Series, const std::vector<ChartScale::Point> &Points, int Ink);
+struct DotsOfSeries
+{
+    QColor Colour; // with its strength
+    std::vector<ChartScale::Point> Points;
+};
+/// Each point as a dot, those of later series over those of earlier ones.
+void AddDots(QCustomPlot &Plot, std::vector<DotsOfSeries> All);
 /// For below all lines: a dashed one shows faintly between its dashes, or steep pieces would look like gaps. Nothing
 /// for a solid one.
 void AddTint(QCustomPlot &Plot, const ChartSeries &Series, const std::vector<ChartScale::Point> &Points,

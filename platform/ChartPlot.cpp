@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include <qcustomplot.h>
 
@@ -162,8 +163,8 @@ void ChartPlot::FindScales()
     LeaveRoom();
     FindKey();
     const int most = static_cast<int>(m_Chart.height() * LabelShare);
-    const QSize label = LargestXLabel();
-    const int needed = TickLength + LabelGap + (m_Chart.xaxisverticaltext ? label.width() : label.height()) + 2;
+    m_XLabel = LargestXLabel();
+    const int needed = TickLength + LabelGap + (m_Chart.xaxisverticaltext ? m_XLabel.width() : m_XLabel.height()) + 2;
     m_Margins.setBottom(std::max(m_Margins.bottom(), std::min(most, needed)));
     LeaveRoom();
     FindY();
@@ -261,8 +262,7 @@ void ChartPlot::DrawAxes()
     m_Plot->xAxis->setRange(m_X.From - EndRoom * perPixel, m_X.To + EndRoom * perPixel);
     m_Plot->yAxis->setRange(m_Y.From, m_Y.To);
 
-    const QSize label = LargestXLabel();
-    const int size = m_Chart.xaxisverticaltext ? label.height() : label.width() + LabelGap * 2;
+    const int size = m_Chart.xaxisverticaltext ? m_XLabel.height() : m_XLabel.width() + LabelGap * 2;
     const int every = ChartScale::LabelEvery(m_X.Step / perPixel, size);
     const auto ticks = Ticks(m_Plot->xAxis);
     ForEachLine(m_X, [&](int n, double x) { ticks->addTick(x, n % every == 0 ? m_Chart.LabelAt(x) : QString()); });
@@ -304,8 +304,13 @@ void ChartPlot::DrawDots(const std::vector<std::vector<Point>> &All)
 {
     std::size_t count = 1;
     for (const std::vector<Point> &points : All) count += points.size();
-    for (std::size_t i = 0; i < All.size(); ++i)
-        ChartLines::AddDots(*m_Plot, *m_Chart.AllSeries()[i], All[i], DotInk(count));
+    std::vector<ChartLines::DotsOfSeries> dots;
+    for (std::size_t i = 0; i < All.size(); ++i) {
+        QColor colour = ToColour(m_Chart.AllSeries()[i]->Colour);
+        colour.setAlpha(DotInk(count));
+        dots.push_back({colour, All[i]});
+    }
+    ChartLines::AddDots(*m_Plot, std::move(dots));
 }
 
 void ChartPlot::DrawTints(const std::vector<std::vector<Point>> &All)

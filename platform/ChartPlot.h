@@ -61,6 +61,7 @@ private:
     ChartScale::Scale m_X{0, 1, 1};
     ChartScale::Scale m_Y{0, 1, 1};
     QMargins m_Margins; // [px]
+    QSize m_XLabel;     // [px] the largest one
     Key m_Key;
     std::size_t m_MeanOf = 1; // points that a point of a line stands for
 };

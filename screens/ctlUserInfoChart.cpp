@@ -34,8 +34,8 @@ constexpr QStringView NoCategory = u"zzz";
 // Missing where the workout has no result in the category.
 double PointsIn(CWorkout &workout, const CCategory &category)
 {
-    const auto result = workout.GamesPlayed().ByCat(category.Key);
-    return result ? result->Points : ChartScale::Missing;
+    const auto points = workout.PointsIn(category.Key);
+    return points ? *points : ChartScale::Missing;
 }
 
 QByteArray PictureOf(const LarkChart &chart)
@@ -93,7 +93,7 @@ void ctlUserInfo::ShowWorkoutStats()
 {
     if (!modMain::CurrentPlayer) return;
     colWorkout &workouts = modMain::CurrentPlayer->Workouts();
-    workouts.LoadResults();
+    workouts.LoadPoints();
     if (!LarkChart1->evenspacing) LarkChart1->Clear();
     std::vector<double> dates;
     for (const auto &workout : workouts) dates.push_back(workout->Timestamp);
@@ -103,6 +103,7 @@ void ctlUserInfo::ShowWorkoutStats()
         ++i;
         if (category->Name == NoCategory) continue;
         std::vector<double> points;
+        points.reserve(dates.size());
         for (const auto &workout : workouts) points.push_back(PointsIn(*workout, *category));
         points.resize(dates.size(), ChartScale::Missing);
         DrawSeries(category->LocalName(), i, dates, std::move(points));

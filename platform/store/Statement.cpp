@@ -189,8 +189,10 @@ bool Statement::IsNull(int Column) const { return sqlite3_column_type(m_Statemen
 
 std::int32_t Statement::Long(int Column) const
 {
-    if (sqlite3_column_type(m_Statement, Column) == SQLITE_INTEGER)
-        return ToInt32(static_cast<std::int64_t>(sqlite3_column_int64(m_Statement, Column)));
+    // One way to the column for both questions: long lists ask for millions of numbers.
+    sqlite3_value *const value = sqlite3_column_value(m_Statement, Column);
+    if (sqlite3_value_type(value) == SQLITE_INTEGER)
+        return ToInt32(static_cast<std::int64_t>(sqlite3_value_int64(value)));
     return LongOf(Value(Column));
 }
 

@@ -177,37 +177,87 @@ TEST_F(Workouts, OneThatCouldNotBeSavedStandsUnderKeyZero)
     EXPECT_EQ(List().Item(QStringLiteral("K0"))->Player, m_ann->Key);
 }
 
-TEST_F(Workouts, ResultsOfAllAreReadByOneStatementAndLikeOneByOne)
+namespace
+{
+// What each workout of the list says about categories 1 and 2, "-" where it has no result.
+QString PointsOf(colWorkout &list)
+{
+    QStringList all;
+    for (const auto &workout : list) {
+        QStringList points;
+        for (const int category : {1, 2}) {
+            const auto in = workout->PointsIn(category);
+            points << (in ? QString::number(*in) : S("-"));
+        }
+        all << points.join(u'/');
+    }
+    return all.join(u' ');
+}
+} // namespace
+
+TEST_F(Workouts, PointsOfAllAreReadByOneStatementAndLikeOneByOne)
 {
     GivenGame(S("Arrows"), {.Name = "Arrows", .Category = "Attention"});
+    GivenGame(S("Beacons"), {.Name = "Beacons", .Category = "Memory"});
     Start();
-    for (int workout = 0; workout < 3; ++workout) {
-        const auto made = List().Add();
-        for (int points = 0; points < workout; ++points) made->GamesPlayed().Add(1, 1, 1, 1, points * 10, 1, 1, 0);
-    }
+    List().Add();
+    List().Add()->GamesPlayed().Add(1, 1, 1, 1, 10, 1, 1, 0);
+    const auto third = List().Add();
+    for (const int points : {20, 30}) third->GamesPlayed().Add(1, 1, 1, 1, points, 1, 1, 0);
+    third->GamesPlayed().Add(1, 2, 1, 1, 40, 1, 1, 0);
     modMain::Players->Add()->Workouts().Add()->GamesPlayed().Add(2, 1, 1, 1, 99, 1, 1, 0);
-    const auto told = [](colWorkout &list) {
-        QStringList all;
-        for (const auto &workout : list) {
-            all << QString::number(workout->Key);
-            for (const auto &result : workout->GamesPlayed()) all << S("%1p").arg(result->Points);
-        }
-        return all.join(u' ');
-    };
     StartAgain();
-    const QString singly = told(modMain::Players->Item(1)->Workouts());
-    EXPECT_EQ(singly, S("1 2 0p 3 0p 10p"));
+    EXPECT_EQ(PointsOf(modMain::Players->Item(1)->Workouts()), S("-/- 10/- 20/40")) << "one by one; the first counts";
 
     StartAgain();
     colWorkout &list = modMain::Players->Item(1)->Workouts();
-    const auto known = list.Item(2);
-    known->GamesPlayed().Add(1, 1, 1, 1, 7, 1, 1, 0);
-    list.LoadResults();
-    EXPECT_EQ(known->GamesPlayed().Count(), 2) << "read before";
-    const int calls = m_store.Calls();
-    EXPECT_EQ(told(list), S("1 2 0p 7p 3 0p 10p"));
-    list.LoadResults();
-    EXPECT_EQ(m_store.Calls(), calls) << "nothing is left to read";
+    m_store.FailAtCall(0);
+    list.LoadPoints();
+    EXPECT_EQ(PointsOf(list), S("-/- 10/- 20/40"));
+    list.LoadPoints();
+    EXPECT_EQ(PointsOf(list), S("-/- 10/- 20/40"));
+    EXPECT_EQ(m_store.Calls(), 1);
+}
+
+TEST_F(Workouts, PointsFollowAResultThatIsAddedAfterAllWereRead)
+{
+    GivenGame(S("Arrows"), {.Name = "Arrows", .Category = "Attention"});
+    Start();
+    List().Add();
+    List().LoadPoints();
+    EXPECT_EQ(PointsOf(List()), S("-/-"));
+    List().Item(1)->GamesPlayed().Add(1, 1, 1, 1, 10, 1, 1, 0);
+    EXPECT_EQ(PointsOf(List()), S("10/-"));
+    List().Add()->GamesPlayed().Add(1, 1, 1, 1, 20, 1, 1, 0);
+    List().LoadPoints();
+    EXPECT_EQ(PointsOf(List()), S("10/- 20/-"));
+}
+
+TEST_F(Workouts, OfResultsOfOneSecondThePointsOfTheFirstStoredCount)
+{
+    GivenGame(S("Arrows"), {.Name = "Arrows", .Category = "Attention"});
+    GivenGame(S("Beacons"), {.Name = "Beacons", .Category = "Attention"});
+    Start();
+    List().Add();
+    m_store.Ask(S("insert into GamePlayed (GamePlayedPlayer, GamePlayedGame, GamePlayedTimestamp, GamePlayedScore, "
+                  "GamePlayedPoints, GamePlayedTime, GamePlayedMode, GamePlayedLevel, GamePlayedWorkout) values "
+                  "(1, 2, 45000.5, 1, 70, 1, 1, 1, 1), (1, 1, 45000.5, 1, 30, 1, 1, 1, 1)"));
+    List().LoadPoints();
+    EXPECT_EQ(PointsOf(List()), S("70/-"));
+    EXPECT_EQ(List().Item(1)->GamesPlayed().ByCat(1)->Points, 70);
+}
+
+TEST_F(Workouts, AGameThatIsNotInTheCatalogueIsToldAlsoAfterAllWereRead)
+{
+    GivenGame(S("Arrows"), {.Name = "Arrows", .Category = "Attention"});
+    Start();
+    List().Add()->GamesPlayed().Add(1, 77, 1, 1, 10, 1, 1, 0);
+    List().Add()->GamesPlayed().Add(1, 1, 1, 1, 20, 1, 1, 0);
+    StartAgain();
+    colWorkout &list = modMain::Players->Item(1)->Workouts();
+    list.LoadPoints();
+    EXPECT_THROW(list.Item(1)->PointsIn(1), ListError);
+    EXPECT_EQ(list.Item(2)->PointsIn(1), 20);
 }
 
 TEST_F(Workouts, OneThatWasNeverSavedStillFailsAfterAllWereRead)
@@ -218,6 +268,6 @@ TEST_F(Workouts, OneThatWasNeverSavedStillFailsAfterAllWereRead)
         List().Add();
     }
     TakeMessages();
-    List().LoadResults();
+    List().LoadPoints();
     EXPECT_THROW(List().Item(QStringLiteral("K0"))->GamesPlayed(), RuntimeError);
 }

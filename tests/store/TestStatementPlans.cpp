@@ -48,6 +48,11 @@ TEST_F(StatementPlans, EachStatementReadsItsOwnRowsAlone)
         {u"select * from GamePlayed where GamePlayedKey=?", u"SEARCH GamePlayed USING INTEGER PRIMARY KEY (rowid=?)"},
         {u"select * from GamePlayed where GamePlayedWorkout=? order by GamePlayedTimestamp",
          u"SEARCH GamePlayed USING INDEX GamePlayedByWorkout (GamePlayedWorkout=?)"},
+        {u"select GamePlayedWorkout, GamePlayedGame, GamePlayedPoints from Workout cross join GamePlayed on "
+         u"GamePlayedWorkout=WorkoutKey where WorkoutPlayer=? order by WorkoutTimestamp, WorkoutKey, "
+         u"GamePlayedTimestamp, GamePlayedKey",
+         u"SEARCH Workout USING COVERING INDEX WorkoutByPlayer (WorkoutPlayer=?); SEARCH GamePlayed USING COVERING "
+         u"INDEX GamePlayedByWorkout (GamePlayedWorkout=?)"},
         {u"select * from GamePlayed where GamePlayedPlayer=? order by GamePlayedTimestamp",
          u"SEARCH GamePlayed USING INDEX GamePlayedByPlayer (GamePlayedPlayer=?)"},
         {u"select * from GamePlayed where GamePlayedGame=? and GamePlayedLevel=? and GamePlayedMode=? order by "

@@ -28,7 +28,7 @@ public:
     void FailAtCall(int Number);
     /// True when the call that was to fail came.
     bool HasFailed() const { return m_HasFailed; }
-    /// Counts calls from now.
+    /// How many calls have come since FailAtCall, which also may be told that none is to fail.
     int Calls() const { return m_Calls; }
 
 private:
