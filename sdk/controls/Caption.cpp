@@ -16,6 +16,7 @@ constexpr double PixelsPerPoint = 96.0 / 72.0;
 constexpr int SmallestText = 9;          // [px], below it nobody reads
 constexpr double SmallestShare = 0.6;    // of the size asked for
 constexpr int EndlessWidth = 0x00FFFFFF; // [px]
+constexpr int EndlessHeight = EndlessWidth;
 
 QStringList ParagraphsOf(const QString &Text)
 {
@@ -60,13 +61,13 @@ int WidthOf(const QStringList &Lines, const QFont &Font)
     return width;
 }
 
-struct Fitted
+struct FittedText
 {
     QFont Font;
     QStringList Lines;
 };
 
-Fitted FitInto(const QSize &Room, const QString &Text, QFont Font, bool WordWrap)
+FittedText FitInto(const QSize &Room, const QString &Text, QFont Font, bool WordWrap)
 {
     const int smallest = std::max(SmallestText, static_cast<int>(SizeOf(Font) * SmallestShare));
     for (int size = SizeOf(Font);; --size) {
@@ -78,7 +79,7 @@ Fitted FitInto(const QSize &Room, const QString &Text, QFont Font, bool WordWrap
 }
 
 // Drops the lines that have no room and marks what was lost by dots.
-void Cut(Fitted &Text, const QSize &Room)
+void Cut(FittedText &Text, const QSize &Room)
 {
     const QFontMetrics metrics(Text.Font);
     const auto whole = Text.Lines.size();
@@ -107,7 +108,7 @@ void Caption::Draw(QPainter &Painter, const QRect &Place, const QString &Text, c
                    Qt::Alignment Alignment, bool WordWrap)
 {
     if (Text.isEmpty() || Place.isEmpty()) return;
-    Fitted fitted = FitInto(Place.size(), Text, Painter.font(), WordWrap);
+    FittedText fitted = FitInto(Place.size(), Text, Painter.font(), WordWrap);
     Cut(fitted, Place.size());
 
     const QFontMetrics metrics(fitted.Font);
@@ -123,6 +124,14 @@ void Caption::Draw(QPainter &Painter, const QRect &Place, const QString &Text, c
         line.translate(0, metrics.lineSpacing());
     }
     Painter.restore();
+}
+
+Caption::Line Caption::Fitted(const QFont &Font, const QString &Text, int Width)
+{
+    const QSize room(Width, EndlessHeight);
+    FittedText fitted = FitInto(room, ParagraphsOf(Text).join(u' '), Font, false);
+    Cut(fitted, room);
+    return {fitted.Font, fitted.Lines.first()};
 }
 
 QSize Caption::Needs(const QFont &Font, const QString &Text)

@@ -17,6 +17,14 @@ QFont DesignFont(const QFont &Like, double Points, bool Bold);
 /// Writes into the rectangle, never outside of it.
 void Draw(QPainter &Painter, const QRect &Place, const QString &Text, const QColor &Colour, Qt::Alignment Alignment,
           bool WordWrap);
+/// A single line of text, in the font and with the dots at its end that a width [px] makes necessary; a line break
+/// is a blank.
+struct Line
+{
+    QFont Font;
+    QString Text;
+};
+Line Fitted(const QFont &Font, const QString &Text, int Width);
 /// The room that the text takes when nothing is made smaller.
 QSize Needs(const QFont &Font, const QString &Text);
 } // namespace Caption

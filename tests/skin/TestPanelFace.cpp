@@ -1,0 +1,227 @@
+// What the rows of a button panel look like, and what they are to who can't see them.
+#include "platform/Colour.h"
+#include "sdk/controls/Caption.h"
+#include "shell/program/modMain.h"
+#include "skin/colSkin.h"
+#include "tests/skin/ButtonPanelTest.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFontMetrics>
+#include <QMap>
+
+#include <cstdlib>
+
+namespace
+{
+class PanelFace : public ButtonPanelTest
+{
+protected:
+    /// How many pixels of the outermost column differ from the ground above them.
+    static int InkAtTheRightEdge(const QImage &row)
+    {
+        int inked = 0;
+        const int x = row.width() - 1;
+        for (int y = 1; y < row.height(); ++y) inked += row.pixel(x, y) != row.pixel(x, 0) ? 1 : 0;
+        return inked;
+    }
+};
+} // namespace
+
+TEST_F(PanelFace, EightRowsAre2520TwipsHighInsideItsBorders)
+{
+    Fill(8);
+    EXPECT_EQ(m_Panel.height(), 2520 / 15);
+    m_Panel.SetBorderStyle(1);
+    Fill(8);
+    EXPECT_EQ(m_Panel.height(), 2520 / 15 + 4);
+    EXPECT_EQ(m_Panel.width(), 2610 / 15);
+}
+
+TEST_F(PanelFace, KeysAndCaptionsAreKeptAsTheyAre)
+{
+    m_Panel.Add(QStringLiteral("Tom & Jerry"), QStringLiteral("  Mixed Case "));
+    m_Panel.UpdateButtons();
+    m_Panel.SetSelection(1);
+    EXPECT_EQ(Clicks(), QStringList{QStringLiteral("  Mixed Case ")});
+    EXPECT_EQ(Surface("picNormal", 1)->accessibleName(), QStringLiteral("Tom & Jerry"));
+}
+
+TEST_F(PanelFace, ALongCaptionShrinksFirstAndEndsWithDotsWhenStillTooLong)
+{
+    const QString short_ = QStringLiteral("Spelling");
+    const QString long_ = QStringLiteral("Spelling with many letters"); // fits when it is smaller
+    const QString endless = QStringLiteral("Spelling with so many letters that no row could ever hold them all");
+    m_Panel.resize(156, m_Panel.height());
+    for (const QString &caption : {short_, long_, endless}) m_Panel.Add(caption, caption);
+    m_Panel.UpdateButtons();
+    const int room = 156 - 5;
+    const Caption::Line plain = Caption::Fitted(m_Panel.TheFont(), short_, room);
+    EXPECT_EQ(plain.Font, m_Panel.TheFont());
+    EXPECT_EQ(plain.Text, short_);
+    const Caption::Line smaller = Caption::Fitted(m_Panel.TheFont(), long_, room);
+    EXPECT_LT(smaller.Font.pixelSize(), m_Panel.TheFont().pixelSize());
+    EXPECT_EQ(smaller.Text, long_);
+    const Caption::Line dotted = Caption::Fitted(m_Panel.TheFont(), endless, room);
+    EXPECT_TRUE(dotted.Text.endsWith(QChar(0x2026)));
+    EXPECT_LE(QFontMetrics(dotted.Font).horizontalAdvance(dotted.Text), room);
+    for (const int row : {1, 2, 3})
+        for (const char *kind : {"picNormal", "picHover", "picSelected"}) {
+            EXPECT_EQ(InkAtTheRightEdge(Surface(kind, row)->Image()), 0) << kind << row << ": no letter is cut";
+        }
+    EXPECT_EQ(Surface("picNormal", 3)->accessibleName(), endless) << "a screen reader tells all of it";
+    m_Window.show();
+    Keep(m_Window, QStringLiteral("panel-long-captions"));
+}
+
+TEST_F(PanelFace, ALineBreakInACaptionIsABlank)
+{
+    m_Panel.Add(QStringLiteral("One\r\nTwo"), QStringLiteral("a"));
+    m_Panel.Add(QStringLiteral("One Two"), QStringLiteral("b"));
+    m_Panel.UpdateButtons();
+    EXPECT_EQ(Surface("picSelected", 1)->Image(), Surface("picSelected", 2)->Image());
+}
+
+TEST_F(PanelFace, EachSurfaceShowsItsPieceOfTheSkin)
+{
+    GivenSkin(QStringLiteral("Blue"));
+    m_Folder.Write(QStringLiteral("skins/Blue/ButtonBackground.gif"), Gif(300, 300, 0xffff0000));
+    m_Folder.Write(QStringLiteral("skins/Blue/ButtonHighlight.gif"), Gif(300, 300, 0xff00ff00));
+    m_Folder.Write(QStringLiteral("skins/Blue/ButtonSelected.gif"), Gif(300, 300, 0xff0000ff));
+    modMain::CurrentSkin = std::make_shared<CSkin>();
+    modMain::CurrentSkin->SetName(QStringLiteral("Blue"));
+    ShowFilled(2);
+    const auto corner = [&](const char *kind) { return Surface(kind, 2)->Image().pixelColor(0, 0); };
+    EXPECT_EQ(corner("picNormal"), QColor(Qt::red));
+    EXPECT_EQ(corner("picHover"), QColor(Qt::green));
+    EXPECT_EQ(corner("picSelected"), QColor(Qt::blue));
+}
+
+TEST_F(PanelFace, AnotherSkinRepaintsEverySurfaceAndKeepsRowsAndKeys)
+{
+    ShowFilled(3);
+    const QImage before = Surface("picNormal", 2)->Image();
+    GivenDeliveredSkin(QStringLiteral("Night"));
+    m_Panel.SetSkin();
+    EXPECT_NE(Surface("picNormal", 2)->Image(), before);
+    EXPECT_EQ(m_Panel.Count(), 3);
+    m_Panel.SetSelection(3);
+    EXPECT_EQ(Clicks(), QStringList{KeyOf(3)});
+}
+
+TEST_F(PanelFace, WithoutASkinItIsPlainAndWorks)
+{
+    ShowFilled(3);
+    EXPECT_EQ(Surface("picNormal", 1)->Image().pixelColor(0, 0), ToColour(0xFFFFFF));
+    EXPECT_EQ(Surface("picHover", 1)->Image().pixelColor(0, 0), ToColour(0x80FFFF));
+    EXPECT_EQ(Surface("picSelected", 1)->Image().pixelColor(0, 0), ToColour(0x80FF80));
+    PressAt(Middle(1));
+    EXPECT_EQ(m_Clicked.count(), 1);
+}
+
+TEST_F(PanelFace, AnotherWidthBuildsTheSurfacesAnewOnce)
+{
+    ShowFilled(3);
+    m_Panel.resize(240, m_Panel.height());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Surface("picNormal", 1)->width(), 240);
+    EXPECT_EQ(m_Panel.findChildren<PanelSurface *>(QStringLiteral("picNormal1")).size(), 1);
+    EXPECT_EQ(m_Panel.height(), 3 * RowHeight);
+}
+
+TEST_F(PanelFace, AnotherNumberOfRowsBuildsTheSurfacesOnce)
+{
+    ShowFilled(3);
+    Fill(5);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(m_Panel.findChildren<PanelSurface *>().size(), 1 + 3 * 5);
+}
+
+TEST_F(PanelFace, ASelectionMadeBeforeTheFirstShowingIsSeen)
+{
+    m_Panel.StickySelection = true;
+    Fill(3);
+    m_Panel.SetSelection(2);
+    m_Window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_Window));
+    EXPECT_TRUE(Shows("picSelected", 2));
+}
+
+TEST_F(PanelFace, TheFocusMarkCanBeSeenOnEverySkin)
+{
+    for (const char *name : {"Meadow", "Night", "Black", "White", "Grey"}) {
+        const QMap<QString, QRgb> plain{{QStringLiteral("Black"), 0xff000000},
+                                        {QStringLiteral("White"), 0xffffffff},
+                                        {QStringLiteral("Grey"), 0xff808080}};
+        if (plain.contains(QLatin1String(name))) {
+            GivenSkin(QLatin1String(name));
+            for (const char *file : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"})
+                m_Folder.Write(QStringLiteral("skins/%1/%2").arg(QLatin1String(name), QLatin1String(file)),
+                               Gif(200, 80, plain[QLatin1String(name)]));
+            modMain::CurrentSkin = std::make_shared<CSkin>();
+            modMain::CurrentSkin->SetName(QLatin1String(name));
+        } else {
+            GivenDeliveredSkin(QLatin1String(name));
+        }
+        ShowFilled(3);
+        m_Window.setFocus();
+        QTest::keyClick(&m_Window, Qt::Key_Tab);
+        ASSERT_TRUE(m_Panel.hasFocus());
+        const QImage marked = m_Panel.grab().toImage();
+        m_Panel.findChild<QWidget *>(QStringLiteral("FocusMark"))->hide();
+        const QImage bare = m_Panel.grab().toImage();
+        int seen = 0;
+        for (int y = 0; y < marked.height(); ++y)
+            for (int x = 0; x < marked.width(); ++x)
+                seen += std::abs(qGray(marked.pixel(x, y)) - qGray(bare.pixel(x, y))) > 80 ? 1 : 0;
+        EXPECT_GT(seen, 2 * 174) << name << ": at least a line above and one below";
+    }
+}
+
+TEST_F(PanelFace, ARowIsAButtonOfItsCaptionToAScreenReader)
+{
+    ShowFilled(2);
+    const QAccessibleInterface *row = QAccessible::queryAccessibleInterface(Surface("picNormal", 2));
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->role(), QAccessible::Button);
+    EXPECT_EQ(row->text(QAccessible::Name), QStringLiteral("Row 2"));
+}
+
+TEST_F(PanelFace, PersistedPropertiesHaveTheirDefaults)
+{
+    EXPECT_EQ(m_Panel.property("BorderStyle"), 0);
+    EXPECT_EQ(m_Panel.property("Appearance"), 1);
+    EXPECT_EQ(m_Panel.property("BackColour"), 0xFFFFFF);
+    EXPECT_EQ(m_Panel.property("HoverColour"), 0x80FFFF);
+    EXPECT_EQ(m_Panel.property("SelectColour"), 0x80FF80);
+    EXPECT_EQ(m_Panel.property("FontName"), QStringLiteral("Arial"));
+    EXPECT_EQ(m_Panel.property("FontSize"), 10.0);
+    EXPECT_EQ(m_Panel.property("FontBold"), false);
+    EXPECT_EQ(m_Panel.property("FontItalic"), false);
+    EXPECT_EQ(m_Panel.property("FontTransparent"), true);
+    EXPECT_EQ(m_Panel.property("Indent"), 30.0F);
+    EXPECT_EQ(m_Panel.property("StickySelection"), false);
+    EXPECT_EQ(m_Panel.property("Selection"), 0);
+    EXPECT_EQ(m_Panel.NewHeight(), 0);
+}
+
+TEST_F(PanelFace, PicturesForPeople)
+{
+    for (const char *name : {"Meadow", "Night", ""}) {
+        modMain::CurrentSkin = nullptr;
+        if (*name != '\0') GivenDeliveredSkin(QLatin1String(name));
+        m_Panel.StickySelection = true;
+        m_Panel.ClearButtons();
+        for (const char *caption : {"Practice", "Workout", "Progress", "Change player", "Options", "Help", "Exit"})
+            m_Panel.Add(QLatin1String(caption), QLatin1String(caption));
+        m_Panel.UpdateButtons();
+        m_Window.show();
+        m_Panel.SetSelection(2);
+        m_Window.setFocus();
+        QTest::keyClick(&m_Window, Qt::Key_Tab);
+        QTest::keyClick(&m_Panel, Qt::Key_Down);
+        QTest::keyClick(&m_Panel, Qt::Key_Down);
+        Keep(m_Window, QStringLiteral("panel-") + QLatin1String(name));
+        QTest::qWait(10);
+    }
+}
