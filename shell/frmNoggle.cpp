@@ -101,8 +101,6 @@ std::span<const MenuEntry> MenuHead(std::int32_t Mode)
     }
 }
 
-QString Words(std::int16_t ID) { return modMain::Resources->GetString(ID, 256); }
-
 template <typename Control>
 Control *Named(Control *control, const char *name)
 {
@@ -119,7 +117,7 @@ frmNoggle::frmNoggle() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
     MakeControls();
     ConnectControls();
     modMain::Form = this;
-    setWindowTitle(Words(TitleString));
+    setWindowTitle(modMain::Word(TitleString));
 }
 
 frmNoggle::~frmNoggle()
@@ -197,9 +195,9 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
 
 void frmNoggle::SetStrings()
 {
-    modMain::ProductTitle = Words(TitleString);
+    modMain::ProductTitle = modMain::Word(TitleString);
     ctlButtonPanel1->setAccessibleName(modMain::ProductTitle);
-    m_LogoTag = Words(LogoLinkString);
+    m_LogoTag = modMain::Word(LogoLinkString);
     if (!m_LogoTag.isEmpty()) picLogo->setCursor(Qt::WhatsThisCursor);
     const QImage logo = modMain::Resources->LoadJPEG(LogoPicture);
     picLogo->Setpicture(logo);
@@ -229,7 +227,7 @@ void frmNoggle::MakePanel()
     // What ran just now may have made the panel itself; the menu must not stand there twice.
     ctlButtonPanel1->ClearButtons();
     const auto add = [this](const MenuEntry &entry) {
-        ctlButtonPanel1->Add(Words(entry.caption), QLatin1String(entry.key));
+        ctlButtonPanel1->Add(modMain::Word(entry.caption), QLatin1String(entry.key));
     };
     for (const MenuEntry &entry : MenuHead(m_Mode)) add(entry);
     for (const MenuEntry &entry : MenuTail) add(entry);
@@ -274,7 +272,7 @@ void frmNoggle::Abandon()
     // without one, or the menu of a game in another mode: this is the way out of both. And the window may have been
     // minimised meanwhile, which has paused the game: the answer holds for it all the same.
     const std::int32_t answer =
-        modMain::Framework->MsgBox(Words(AbandonQuestion), YesNo, this, nullptr, QuestionFontSize);
+        modMain::Framework->MsgBox(modMain::Word(AbandonQuestion), YesNo, this, nullptr, QuestionFontSize);
     if (answer != AnswerYes) return;
     if (!m_GameControl && m_Mode != 3 && m_Mode != 4) return MakePanel();
     UnloadGame();
@@ -309,7 +307,7 @@ void frmNoggle::NewPlayer()
 {
     QString name;
     const std::int32_t answer =
-        modMain::Framework->MsgBox(Words(NewPlayerQuestion), AskForText, this, &name, QuestionFontSize);
+        modMain::Framework->MsgBox(modMain::Word(NewPlayerQuestion), AskForText, this, &name, QuestionFontSize);
     if (answer != AnswerOK) return;
     modMain::CurrentPlayer = modMain::Players->Add();
     modMain::CurrentPlayer->Name = name;
@@ -380,7 +378,7 @@ bool frmNoggle::MayClose()
         showNormal();
         raise();
     }
-    const QString text = Words(CloseQuestion).replace(QStringLiteral("<name>"), modMain::ProductTitle);
+    const QString text = modMain::Word(CloseQuestion).replace(QStringLiteral("<name>"), modMain::ProductTitle);
     return modMain::Framework->MsgBox(text, YesNoQuestion, this, nullptr, QuestionFontSize) != AnswerNo;
 }
 

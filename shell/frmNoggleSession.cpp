@@ -7,7 +7,6 @@
 #include "platform/Step.h"
 #include "platform/Units.h"
 
-#include "services/CResource.h"
 #include "services/colSound.h"
 
 #include "shell/program/Trapped.h"
@@ -300,11 +299,10 @@ void frmNoggle::StoreWorkoutResult(std::int32_t TimeLeft, std::int32_t Points, s
 
 void frmNoggle::EndPracticeGame(std::int32_t TimeTaken, std::int32_t Points)
 {
-    const auto words = [](std::int16_t ID) { return modMain::Resources->GetString(ID, 256); };
-    const QString result = words(PracticeResultString)
+    const QString result = modMain::Word(PracticeResultString)
                                .replace(QStringLiteral("<score>"), QString::number(Points))
                                .replace(QStringLiteral("<time>"), modMain::FormatTime(TimeTaken, true));
-    modMain::Framework->MsgBox(words(GameOverString) + QStringLiteral("\r\n") + result, 0, this, nullptr,
+    modMain::Framework->MsgBox(modMain::Word(GameOverString) + QStringLiteral("\r\n") + result, 0, this, nullptr,
                                MessageFontSize);
     UnloadGame();
     CPlayer &player = PresentPlayer();

@@ -1,6 +1,5 @@
 #include "shell/frmScore.h"
 
-#include "services/CResource.h"
 #include "services/colSound.h"
 
 #include "shell/program/modMain.h"
@@ -32,8 +31,6 @@ constexpr int GapAroundStar = 10;
 constexpr int ValueWidth = 110;
 constexpr QSize ButtonSize(128, 34);
 constexpr double RuleOpacity = 0.3;
-
-QString Words(std::int16_t ID) { return modMain::Resources->GetString(ID, 256); }
 
 void Play(const QString &Sound) { modMain::ShellSounds->Item(Sound).Play(0); }
 
@@ -122,16 +119,16 @@ void frmScore::ShowScore(QWidget *Parent, std::int32_t Points, std::int32_t /*Ti
     modMain::Framework->SkinPicbox(this);
     m_Ink = Look::ReadableOn(picture());
     for (TransLabel *label : findChildren<TransLabel *>()) label->SetForeColour(m_Ink);
-    capLevelBonus->SetCaption(Words(LevelBonusString).replace(QStringLiteral("<x>"), QString::number(Level)));
+    capLevelBonus->SetCaption(modMain::Word(LevelBonusString).replace(QStringLiteral("<x>"), QString::number(Level)));
     lblPoints->SetCaption(QString::number(Points));
     lblTimeBonus->SetCaption(QString::number(TimeBonus));
     lblLevelBonus->SetCaption(QString::number(LevelBonus));
     lblTotal->SetCaption(QString::number(Total));
-    capPoints->SetCaption(Words(PointsString));
-    capTimeBonus->SetCaption(Words(TimeBonusString));
-    lblGameOver->SetCaption(Words(GameOverString));
-    capTotal->SetCaption(Words(TotalString));
-    butOK->SetCaption(Words(OKString));
+    capPoints->SetCaption(modMain::Word(PointsString));
+    capTimeBonus->SetCaption(modMain::Word(TimeBonusString));
+    lblGameOver->SetCaption(modMain::Word(GameOverString));
+    capTotal->SetCaption(modMain::Word(TotalString));
+    butOK->SetCaption(modMain::Word(OKString));
     m_Star = Star;
     PlaceButton(Star);
     tmrShow.start();
