@@ -96,6 +96,60 @@ TEST_F(Players, ADeletedPlayerIsGoneAndTheChoiceShowsWhicheverScreenItWas)
     }
 }
 
+TEST_F(Players, OneWhoIsDeletedWhileTheNameIsEditedIsGoneAndNothingIsWrittenOfThem)
+{
+    StartWithAnn();
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(Program.Find<QLineEdit>("txtName"), QStringLiteral("Anna"));
+    QString meanwhile;
+    Program.AnswerNextBox("cmd1", {},
+                          [&] { meanwhile = Program.Ask(QStringLiteral("select PlayerName from Player")); });
+    Program.Click("cmdDelete");
+    EXPECT_EQ(Plain(meanwhile), "Anna") << "the box was left for the question";
+    EXPECT_EQ(Mode(), 0);
+    EXPECT_FALSE(modMain::CurrentPlayer);
+    EXPECT_EQ(Buttons(), "New player");
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select count(*) from Player"))), "0");
+
+    Program.NewPlayer(QStringLiteral("Bob"));
+    EXPECT_EQ(NameShown(), "Bob");
+    EXPECT_TRUE(Program.Find<QLineEdit>("txtName")->isReadOnly());
+    ChangePlayer();
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select group_concat(PlayerName) from Player"))), "Bob");
+}
+
+TEST_F(Players, OneWhoIsDeletedByKeysOutOfTheOpenNameBoxLeavesNothingToTheNext)
+{
+    StartWithAnn();
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(Program.Find<QLineEdit>("txtName"), QStringLiteral("Anna"));
+    Program.PressKey(Qt::Key_Tab); // to the button that saves, which leaves the box open
+    Program.PressKey(Qt::Key_Tab);
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select PlayerName from Player"))), "Ann");
+    Program.AnswerNextBox("cmd1");
+    Program.PressKey(Qt::Key_Space);
+    EXPECT_EQ(Plain(Program.Boxes.value(1)), Plain(modMain::Resources->GetString(505, 256)));
+    EXPECT_EQ(Mode(), 0);
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select count(*) from Player"))), "0");
+
+    Program.NewPlayer(QStringLiteral("Bob"));
+    EXPECT_EQ(NameShown(), "Bob");
+    ChangePlayer();
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select group_concat(PlayerName) from Player"))), "Bob");
+}
+
+TEST_F(Players, OneWhoIsNotDeletedAfterAllKeepsTheEditedName)
+{
+    StartWithAnn();
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(Program.Find<QLineEdit>("txtName"), QStringLiteral("Anna"));
+    Program.AnswerNextBox("cmd2");
+    Program.Click("cmdDelete");
+    EXPECT_EQ(Mode(), 2);
+    EXPECT_EQ(Plain(modMain::CurrentPlayer->Name), "Anna");
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select PlayerName from Player"))), "Anna");
+}
+
 TEST_F(Players, EightArePossibleAndNoNinth)
 {
     Start();
