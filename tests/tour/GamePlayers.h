@@ -34,3 +34,6 @@ void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed = Board().Seed);
 /// Plays the running game until it has ended by itself or the stamina is spent. False, at once, for a game that
 /// nobody here can play. Failure: passed on.
 bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const Stamina &Stamina);
+
+// Players of one game each, in files of their own.
+void PlayScaleTip(Hands &hands, const Stamina &stamina, const Board &board);
