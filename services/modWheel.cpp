@@ -85,7 +85,9 @@ bool modWheel::WheelProc(QObject *Form, QEvent *Event)
 {
     if (Event->type() != QEvent::Wheel) return false;
     const auto &wheel = *static_cast<QWheelEvent *>(Event);
-    if (wheel.angleDelta().y() != 0) WheelProc(Form, TurnOf(wheel)); // a wheel turned sideways is another one
+    // A wheel turned sideways is another event to the desktop, and no number of MouseWheel would tell it from this
+    // one.
+    if (wheel.angleDelta().y() != 0) WheelProc(Form, TurnOf(wheel));
     return false;
 }
 

@@ -1,7 +1,8 @@
 // The mouse wheel of a window, as an extension point: a form with a method
 //   Q_INVOKABLE void MouseWheel(std::int32_t Rotation, std::int32_t Keys, std::int32_t Y, std::int32_t X)
-// is told of every turn of the wheel that no control in it has used. The method is looked up by its name, so a form
-// without one may be hooked too. A form hooks when it becomes active and unhooks when it stops being active.
+// is told of every turn of the wheel, away from the user or towards him, that no control in it has used. The method
+// is looked up by its name, so a form without one may be hooked too. A form hooks when it becomes active and unhooks
+// when it stops being active.
 #pragma once
 
 #include <cstdint>
