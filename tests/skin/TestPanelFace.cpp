@@ -2,15 +2,20 @@
 #include "platform/Colour.h"
 #include "sdk/controls/Caption.h"
 #include "shell/program/modMain.h"
+#include "skin/DrawCaption.h"
 #include "skin/colSkin.h"
 #include "tests/skin/ButtonPanelTest.h"
+#include "tests/support/GifBytes.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
 #include <QMap>
 
+#include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <map>
 
 namespace
 {
@@ -95,6 +100,55 @@ TEST_F(PanelFace, EachSurfaceShowsItsPieceOfTheSkin)
     EXPECT_EQ(corner("picNormal"), QColor(Qt::red));
     EXPECT_EQ(corner("picHover"), QColor(Qt::green));
     EXPECT_EQ(corner("picSelected"), QColor(Qt::blue));
+}
+
+// Pictures wider than the panel, told apart by column and by row.
+TEST_F(PanelFace, NormalRowsAreSlicesOfTheBackgroundTheOthersAllTheTopRightOfTheirPicture)
+{
+    constexpr int width = 300, panelWidth = 174;
+    const QList<QRgb> colours{0xffff0000, 0xff00ff00, 0xff0000ff, 0xffffffff};
+    const auto picture = [&](const char *name, const std::function<int(int row)> &colourOf) {
+        m_Folder.Write(QStringLiteral("skins/Blue/") + QLatin1String(name),
+                       GifBytes({width, 200}, colours,
+                                [&](int x, int y) { return x < width - panelWidth ? 0 : colourOf(y / RowHeight); }));
+    };
+    GivenSkin(QStringLiteral("Blue"));
+    picture("ButtonBackground.gif", [](int row) { return std::min(row + 1, 3); });
+    for (const char *name : {"ButtonHighlight.gif", "ButtonSelected.gif"})
+        picture(name, [](int row) { return row == 0 ? 1 : 2; });
+    modMain::CurrentSkin = std::make_shared<CSkin>();
+    modMain::CurrentSkin->SetName(QStringLiteral("Blue"));
+    ShowFilled(3);
+    for (int row = 1; row <= 3; ++row) {
+        const auto isOf = [&](const char *kind, int colour) {
+            const QImage image = Surface(kind, row)->Image();
+            return image.size() == QSize(panelWidth, RowHeight) && image.pixel(0, 0) == colours[colour] &&
+                   image.pixel(panelWidth - 1, RowHeight - 1) == colours[colour];
+        };
+        EXPECT_TRUE(isOf("picNormal", row)) << row;
+        EXPECT_TRUE(isOf("picHover", 1)) << row;
+        EXPECT_TRUE(isOf("picSelected", 1)) << row;
+    }
+}
+
+// Half a pixel goes to the even side: 2.5 above the text is 2, 3.5 is 4.
+TEST_F(PanelFace, ACaptionStandsInTheMiddleOfItsSurface)
+{
+    QFont font = m_Panel.TheFont();
+    const int text = QFontMetrics(font).height();
+    const auto firstInk = [&](int height) {
+        QImage surface(100, height, QImage::Format_RGB32);
+        surface.fill(Qt::white);
+        modMain::DrawCaption(font, surface, QStringLiteral("H"), 5, 0, false);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < surface.width(); ++x)
+                if (surface.pixel(x, y) != 0xffffffff) return y;
+        return -1;
+    };
+    const int above = firstInk(text);
+    ASSERT_GE(above, 0);
+    for (const auto &[more, top] : std::map<int, int>{{1, 0}, {2, 1}, {3, 2}, {4, 2}, {5, 2}, {6, 3}, {7, 4}, {9, 4}})
+        EXPECT_EQ(firstInk(text + more), above + top) << more;
 }
 
 TEST_F(PanelFace, AnotherSkinRepaintsEverySurfaceAndKeepsRowsAndKeys)
