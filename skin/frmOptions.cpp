@@ -2,7 +2,6 @@
 
 #include "domain/colGame.h"
 #include "platform/Process.h"
-#include "platform/Step.h"
 #include "sdk/CNoggleFramework.h"
 #include "sdk/CSkinPic.h"
 #include "sdk/controls/Caption.h"
@@ -155,8 +154,8 @@ void frmOptions::Skin()
         button->SetFont(RowPoints, true);
         if (modMain::Framework) modMain::Framework->SkinButton(button);
     }
-    // A skin without the picture must not lock its user out of choosing another one.
-    Step([&] {
+    // Told, but a skin without the picture must not lock its user out of choosing another one.
+    Trapped(QStringLiteral("The skin's picture for dialogs can't be loaded."), [&] {
         if (modMain::CurrentSkin) Setpicture(modMain::CurrentSkin->DialogPicture());
     });
     const QColor ink = Look::ReadableOn(picture());

@@ -206,16 +206,25 @@ TEST_F(Options, ASecondOKWhileTheFirstIsAtWorkDoesNothing)
     EXPECT_EQ(m_Form.Skins.size(), 1U);
 }
 
-TEST_F(Options, WithoutADialogPictureTheyArePlainAndAnotherSkinCanBeChosen)
+TEST_F(Options, WithoutADialogPictureTheyTellItOnceArePlainAndAnotherSkinCanBeChosen)
 {
     GivenSkin(QStringLiteral("Bare"));
     modMain::Skins = std::make_shared<colSkin>();
     modMain::CurrentSkin = modMain::Skins->Item(QStringLiteral("Bare"));
+    auto &framework = static_cast<RecordingFramework &>(*modMain::Framework);
+    framework.Boxes.clear();
+    Show([&](frmOptions &form) {
+        EXPECT_TRUE(form.picture().isNull());
+        Click(form, "cmdCancel");
+    });
+    ASSERT_EQ(framework.Boxes.size(), 1U);
+    EXPECT_EQ(framework.Boxes[0].FirstLine(), QStringLiteral("The skin's picture for dialogs can't be loaded."));
     Show([&](frmOptions &form) {
         EXPECT_TRUE(form.picture().isNull());
         Of<QComboBox>(form, "cboSkin")->setCurrentText(QStringLiteral("Zebra"));
         Click(form, "cmdOK");
     });
+    EXPECT_EQ(framework.Boxes.size(), 1U) << "an empty picture by now";
     EXPECT_EQ(modMain::CurrentSkin->Name(), QStringLiteral("Zebra"));
 }
 
