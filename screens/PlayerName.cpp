@@ -25,7 +25,7 @@ constexpr Twips DesignWidth{7500}, DesignHeight{660};
 constexpr Twips FrameLeft{3}, FrameNarrower{8};
 constexpr Twips StripNarrower{60};
 constexpr Twips ButtonGap{30};
-constexpr double FrameRadius = 6; // [px] no more, or the corners of the strip would show outside of it
+constexpr double FrameRadius = 4; // [px] no more, or the corners of the strip would cover it
 constexpr double TitleFont = 15.75, NameFont = 16;
 constexpr int NameRaised = 8;    // [px], so that the name stands on one line with its title
 constexpr int SmallestName = 12; // [px], what can still be read at arm's length
