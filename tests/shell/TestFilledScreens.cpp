@@ -74,7 +74,7 @@ protected:
                                    S("category=") + QString::fromUtf8(CategoryNames[category])});
         Program.Folder.Write(folder + S("/Instructions.rtf"),
                              R"({\rtf1\ansi{\colortbl;\red180\green0\blue0;}\b\fs32 How to play\b0\fs24\par )"
-                             R"(Press the key that \cf1 matches\cf0 the picture.\par)"
+                             R"(Press the key that \cf1 matches\cf0  the picture.\par)"
                              R"(\bullet\tab Each right one counts ten points.\par)"
                              R"(\bullet\tab Each wrong one takes five seconds.\par})");
     }
@@ -124,10 +124,13 @@ protected:
     {
         QTest::mouseMove(Window().windowHandle(), QPoint(Window().width() / 2, 2));
         RunningProgram::Turn(300);
-        QImage picture(Window().size(), QImage::Format_RGB32);
+        QImage shown = Shown();
+        const double scale = shown.devicePixelRatio();
+        shown.setDevicePixelRatio(1);
+        QImage picture(shown.size(), QImage::Format_RGB32);
         picture.fill(QColor(0x70, 0x78, 0x80));
-        QPainter(&picture).drawImage(0, 0, Shown());
-        const QString folder = S(NOGGLE_FILLED_PICTURES);
+        QPainter(&picture).drawImage(0, 0, shown);
+        const QString folder = S("%1/%2").arg(S(NOGGLE_FILLED_PICTURES)).arg(scale);
         QDir().mkpath(folder);
         ASSERT_TRUE(picture.save(S("%1/%2-%3-%4.png").arg(folder, Skin(), S(Home().Name), S(screen))));
     }
