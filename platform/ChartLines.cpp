@@ -182,6 +182,7 @@ protected:
         picture.fill(Qt::transparent);
         for (const auto &[colour, points] : m_All)
             SetDots(picture, plot.topLeft(), points, qPremultiply(colour.rgba()));
+        painter->setAntialiasing(false); // or it stands half a pixel aside
         painter->drawImage(plot.topLeft(), picture);
     }
 

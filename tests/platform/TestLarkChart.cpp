@@ -1,20 +1,9 @@
+// How the chart draws settings and series.
+#include "ChartTest.h"
 #include "platform/ChartScale.h"
-#include "platform/Clock.h"
-#include "platform/Dates.h"
-#include "platform/LarkChart.h"
 
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QApplication>
 #include <QDir>
-#include <QHelpEvent>
-#include <QImage>
-#include <QLabel>
 #include <QRandomGenerator>
-#include <QSignalSpy>
-#include <QTest>
-#include <QToolTip>
 
 #include <cmath>
 #include <limits>
@@ -22,69 +11,8 @@
 
 namespace
 {
-constexpr QSize ScreenSize(632, 505); // [px]
-constexpr int Red = 0x0000FF, Blue = 0xFF0000;
-
-QString S(const char *text) { return QString::fromUtf8(text); }
-double Day(int Year, int Month, int TheDay) { return ToDayCount(QDateTime(QDate(Year, Month, TheDay), QTime(0, 0))); }
-
-class Chart : public testing::Test
-{
-protected:
-    Chart()
-    {
-        m_Chart.setFont(QFont(S("Inter")));
-        m_Chart.resize(ScreenSize);
-        m_Chart.evenspacing = true;
-        m_Chart.emptytext = S("No workout is recorded yet.");
-    }
-
-    /// A series over the days from 1 March 2026 on, with the axis over all of it.
-    ChartSeries &Given(const QString &Name, const std::vector<double> &Y, int Colour = Red, int Style = 1)
-    {
-        ChartSeries &series = m_Chart.Series(Name);
-        series.Y = Y;
-        series.X.clear();
-        for (std::size_t i = 0; i < Y.size(); ++i) series.X.push_back(Day(2026, 3, 1) + static_cast<double>(i));
-        series.Colour = Colour;
-        series.Style = Style;
-        m_Chart.xmin = 1;
-        m_Chart.xmax = std::max(2.0, static_cast<double>(Y.size()));
-        m_Chart.xgridspacing = std::floor((m_Chart.xmax - 1) / 20) + 1;
-        return series;
-    }
-    QImage Drawn()
-    {
-        m_Chart.Redraw();
-        return m_Chart.grab().toImage();
-    }
-    /// Whether something of that colour is drawn within Reach of a place.
-    static bool Inked(const QImage &Picture, const QPointF &Place, int Colour, int Reach = 1)
-    {
-        const QPoint at = Place.toPoint();
-        for (int x = at.x() - Reach; x <= at.x() + Reach; ++x)
-            for (int y = at.y() - Reach; y <= at.y() + Reach; ++y) {
-                if (!Picture.valid(x, y)) continue;
-                const QColor found = Picture.pixelColor(x, y);
-                const bool red = found.red() > found.blue() + 90;
-                const bool blue = found.blue() > found.red() + 90;
-                if (Colour == Red ? red : blue) return true;
-            }
-        return false;
-    }
-    /// Whether any pixel of the columns in a part of the picture differs from its ground.
-    static bool AnythingIn(const QImage &Picture, const QRect &Part)
-    {
-        const QRgb ground = Picture.pixel(Part.topLeft());
-        for (int x = Part.left(); x <= Part.right(); ++x)
-            for (int y = Part.top(); y <= Part.bottom(); ++y)
-                if (Picture.pixel(x, y) != ground) return true;
-        return false;
-    }
-    QLabel &Empty() { return *m_Chart.findChild<QLabel *>(S("Empty")); }
-
-    LarkChart m_Chart;
-};
+class Chart : public ChartTest
+{};
 } // namespace
 
 TEST_F(Chart, SettingsArePropertiesUnderTheirNames)
@@ -252,95 +180,6 @@ TEST_F(Chart, TheScaleHoldsNegativeAndHugeValues)
     EXPECT_EQ(m_Chart.YTo(), 200);
 }
 
-TEST_F(Chart, ANewChartSaysThatNothingIsRecorded)
-{
-    ChartSeries &series = Given(S("Memory"), {ChartScale::Missing});
-    m_Chart.show();
-    const QImage picture = Drawn();
-    EXPECT_TRUE(Empty().isVisible());
-    EXPECT_EQ(Empty().text(), S("No workout is recorded yet."));
-    EXPECT_TRUE(AnythingIn(picture, QRect(QPoint(0, 0), QPoint(300, m_Chart.PlotArea().top() - 2)))) << "the key";
-    EXPECT_EQ(m_Chart.YFrom(), 0);
-    EXPECT_EQ(m_Chart.YTo(), 200);
-    series.Y = {0};
-    Drawn();
-    EXPECT_FALSE(Empty().isVisible());
-    m_Chart.Clear();
-    Drawn();
-    EXPECT_TRUE(Empty().isVisible());
-}
-
-TEST_F(Chart, TheEmptyTextIsNotCut)
-{
-    Given(S("Memory"), {ChartScale::Missing});
-    for (const char *text : {"One line.", "Nothing recorded yet.\nThe points of each workout will appear here.",
-                             "A text that is much longer than the chart is wide, so that it needs several lines, and "
-                             "then some more of them to say all that it has to say"}) {
-        m_Chart.emptytext = S(text);
-        Drawn();
-        EXPECT_GE(Empty().height(), Empty().heightForWidth(Empty().width())) << text;
-        EXPECT_GE(Empty().height(),
-                  Empty().fontMetrics().height() * (1 + S(text).count(u'\n')) + 2 * Empty().margin());
-    }
-}
-
-TEST_F(Chart, TheTableHasARowForEachPlaceAndNothingForWhatIsMissing)
-{
-    m_Chart.evenspacing = true;
-    Given(S("Memory"), {10, ChartScale::Missing, 12.5});
-    Given(S("Logic, \"hard\""), {ChartScale::Missing, 20, 30});
-    const QStringList head{S("Date"), S("Memory"), S("Logic, \"hard\"")};
-    const QString first = IsoDate(m_Chart.AllSeries()[0]->X[0]);
-    const auto table = m_Chart.Table(S("Date"));
-    ASSERT_EQ(table.size(), 4);
-    EXPECT_EQ(table[0], head);
-    EXPECT_EQ(table[1], QStringList({first, S("10"), QString()}));
-    EXPECT_EQ(table[2].mid(1), QStringList({QString(), S("20")}));
-    EXPECT_EQ(table[3].mid(1), QStringList({S("12.5"), S("30")}));
-}
-
-TEST_F(Chart, TheTableByTimeHasOneRowForAMomentAndTellsTimesOnceThereIsOne)
-{
-    m_Chart.evenspacing = false;
-    ChartSeries &one = m_Chart.Series(S("One"));
-    one.X = {46086, 46086, 46087.75};
-    one.Y = {1, 2, 3};
-    ChartSeries &two = m_Chart.Series(S("Two"));
-    two.X = {46086, 46085.5};
-    two.Y = {4, 5};
-    const auto table = m_Chart.Table(S("Date"));
-    ASSERT_EQ(table.size(), 5);
-    EXPECT_EQ(table[1], QStringList({S("2026-03-04T12:00:00"), QString(), S("5")}));
-    EXPECT_EQ(table[2], QStringList({S("2026-03-05T00:00:00"), S("1"), S("4")}));
-    EXPECT_EQ(table[3], QStringList({S("2026-03-05T00:00:00"), S("2"), QString()}));
-    EXPECT_EQ(table[4], QStringList({S("2026-03-06T18:00:00"), S("3"), QString()}));
-}
-
-TEST_F(Chart, ItsPictureIsTwiceAsSharpAndHoldsTheEmptyText)
-{
-    Given(S("Memory"), {ChartScale::Missing});
-    Drawn();
-    const QImage picture = m_Chart.Picture();
-    EXPECT_EQ(picture.size(), m_Chart.size() * 2);
-    const QRect middle(m_Chart.PlotArea().center() * 2 - QPoint(60, 10), QSize(120, 20));
-    int dark = 0;
-    for (int y = middle.top(); y <= middle.bottom(); ++y)
-        for (int x = middle.left(); x <= middle.right(); ++x) dark += qGray(picture.pixel(x, y)) < 160 ? 1 : 0;
-    EXPECT_GT(dark, 50);
-}
-
-TEST_F(Chart, MeansAreToldInTheWordsOfTheOwner)
-{
-    m_Chart.evenspacing = true;
-    std::vector<double> many(2000, 10);
-    Given(S("Memory"), many);
-    m_Chart.xmax = 2000;
-    m_Chart.averagesnote = QString();
-    const QImage plain = Drawn();
-    m_Chart.averagesnote = S("Mean of %1");
-    EXPECT_NE(Drawn(), plain);
-}
-
 TEST_F(Chart, SixStylesAreToldApartWithoutColour)
 {
     std::set<QByteArray> pictures;
@@ -394,44 +233,6 @@ TEST_F(Chart, LabelsThatWouldOverlapAreLeftOut)
     EXPECT_LT(written, 60);
 }
 
-TEST_F(Chart, AClickIsAPressAndAReleaseOnTheChart)
-{
-    Given(S("Memory"), {20, 80, 50});
-    m_Chart.show();
-    Drawn();
-    QSignalSpy click(&m_Chart, &LarkChart::Click);
-    QTest::mouseClick(m_Chart.window()->windowHandle(), Qt::LeftButton, {}, m_Chart.PlotArea().center());
-    EXPECT_EQ(click.count(), 1);
-    QTest::mouseClick(&m_Chart, Qt::RightButton, {}, m_Chart.PlotArea().center());
-    QTest::mousePress(&m_Chart, Qt::LeftButton, {}, m_Chart.PlotArea().center());
-    QTest::mouseRelease(&m_Chart, Qt::LeftButton, {}, QPoint(-5, 10));
-    EXPECT_EQ(click.count(), 1);
-}
-
-TEST_F(Chart, APointTellsItsValueUnderThePointer)
-{
-    Given(S("Memory"), {20, 80, 50});
-    m_Chart.show();
-    Drawn();
-    const QPoint place = m_Chart.PlaceOf(2, 80).toPoint() + QPoint(3, 2);
-    QHelpEvent help(QEvent::ToolTip, place, m_Chart.mapToGlobal(place));
-    QApplication::sendEvent(&m_Chart, &help);
-    EXPECT_EQ(QToolTip::text(), S("Memory\n02-Mar-26: 80"));
-    QToolTip::hideText();
-}
-
-TEST_F(Chart, WhoCannotSeeTheLinesIsToldTheLastPoints)
-{
-    Given(S("Memory"), {1, 2, 3, 4, 5, ChartScale::Missing});
-    Given(S("Logic"), {7});
-    Drawn();
-    EXPECT_EQ(m_Chart.accessibleDescription(), S("Memory: 2, 3, 4, 5, –; Logic: 7"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&m_Chart)->role(), QAccessible::Chart);
-    m_Chart.Clear();
-    Drawn();
-    EXPECT_EQ(m_Chart.accessibleDescription(), m_Chart.emptytext);
-}
-
 TEST_F(Chart, LastsInEverySizeAndWithEverySetting)
 {
     Given(S("Memory"), {20, 80, 50});
@@ -454,6 +255,21 @@ TEST_F(Chart, LastsInEverySizeAndWithEverySetting)
     m_Chart.topmargin = m_Chart.leftmargin = m_Chart.rightmargin = m_Chart.bottommargin = -100000;
     Drawn();
     EXPECT_EQ(m_Chart.AllSeries().size(), 2U);
+}
+
+TEST_F(Chart, WhereTheLineIsAMeanEachPointIsADotInItsColour)
+{
+    std::vector<double> low(1200, 20), high(1200, 20);
+    low[600] = 120;
+    high[900] = 160;
+    Given(S("Memory"), low);
+    Given(S("Logic"), high, Blue, 4);
+    for (const QImage &picture : {Drawn(), m_Chart.Picture().scaled(ScreenSize)}) {
+        EXPECT_TRUE(Inked(picture, m_Chart.PlaceOf(601, 120), Red));
+        EXPECT_TRUE(Inked(picture, m_Chart.PlaceOf(901, 160), Blue));
+        EXPECT_FALSE(Inked(picture, m_Chart.PlaceOf(601, 160), Red, 4));
+        EXPECT_FALSE(Inked(picture, m_Chart.PlaceOf(601, 90), Red, 4)) << "one point hardly moves the mean";
+    }
 }
 
 TEST_F(Chart, ArraysOfUnequalLengthLoseTheirRest)
