@@ -1,15 +1,7 @@
 // What a screen reader meets: the role and the name of every control of each screen, in the order of the tree.
-#include "ScreenTest.h"
-#include "domain/CPlayerGame.h"
-#include "platform/Clock.h"
-#include "screens/PlayerName.h"
-#include "screens/ctlGameInstructions.h"
+#include "ShownScreens.h"
 #include "screens/ctlGameList.h"
 #include "screens/ctlGamePlaySummary.h"
-#include "screens/ctlPlayerlist.h"
-#include "screens/ctlUserInfo.h"
-#include "screens/ctlWorkOut.h"
-#include "sdk/controls/PictureBox.h"
 #include "skin/ctlButtonPanel.h"
 
 #include <QAccessible>
@@ -30,11 +22,9 @@ const QMap<QAccessible::Role, QString> &RoleNames()
     return names;
 }
 
-class AccessibleScreens : public ScreenTest
+class AccessibleScreens : public ShownScreens
 {
 protected:
-    AccessibleScreens() { SetToday(2026, 3, 5); }
-
     /// "button Play; text Ann", of what is visible below the screen. Containers without a role or name are left out;
     /// any other without a name is told as "?".
     QString Told()
@@ -66,23 +56,13 @@ private:
 
 TEST_F(AccessibleScreens, TheChoiceOfPlayerIsButtons)
 {
-    Start();
-    GivenPlayer(S("Ann"));
-    GivenPlayer(S("Bob & <b>Co</b>"));
-    auto *list = new ctlPlayerlist(m_Area.get());
-    Open(list);
-    list->ListPlayers();
+    ShowPlayers({S("Ann"), S("Bob & <b>Co</b>")});
     EXPECT_EQ(Told().toStdString(), std::string("button Ann; button Bob & <b>Co</b>; button New player"));
 }
 
 TEST_F(AccessibleScreens, TheNameIsABoxWithItsTitle)
 {
-    Start();
-    GivenPlayer(S("Ann"));
-    auto *strip = new PlayerName(m_Area.get());
-    Open(strip);
-    strip->SkinUp();
-    strip->ShowDetails();
+    ShowName();
     EXPECT_EQ(Told().toStdString(), std::string("text Player:; edit Player:; button Edit; button Delete"));
     auto *box = At(S("txtName"));
     EXPECT_EQ(Of(box)->text(QAccessible::Value), S("Ann"));
@@ -94,14 +74,8 @@ TEST_F(AccessibleScreens, TheNameIsABoxWithItsTitle)
 
 TEST_F(AccessibleScreens, TheWorkoutTellsTilesRowsAndWhichTileIsChosen)
 {
-    StartWithSixGames();
-    GivenPlayer(S("Ann"));
-    GivenWorkout(Today());
-    Finish(S("Corners"), 96);
-    auto *workout = new ctlWorkOut(m_Area.get());
-    Open(workout);
-    workout->SkinUp();
-    workout->ListCats(false);
+    BeginWorkout();
+    ShowWorkout();
     EXPECT_EQ(Told().toStdString(),
               std::string("text Workout of 5-Mar-2026; text Some games are still to be played; "
                           "button Attention, to do; text Attention; text to do; "
@@ -123,14 +97,8 @@ TEST_F(AccessibleScreens, TheWorkoutTellsTilesRowsAndWhichTileIsChosen)
 // What is told by colour is told by a shape or a word besides: seen by who sees no colours.
 TEST_F(AccessibleScreens, NothingIsToldByColourAlone)
 {
-    StartWithSixGames();
-    GivenPlayer(S("Ann"));
-    GivenWorkout(Today());
-    Finish(S("Corners"), 96);
-    auto *workout = new ctlWorkOut(m_Area.get());
-    Open(workout);
-    workout->SkinUp();
-    workout->ListCats(false);
+    BeginWorkout();
+    ShowWorkout();
     const auto grey = [&](const char *tile) {
         const QImage picture = At(S(tile))->grab().toImage();
         return picture.convertToFormat(QImage::Format_Grayscale8);
@@ -176,16 +144,11 @@ TEST_F(AccessibleScreens, PracticeTellsPanelsButtonsAndTheTable)
 
 TEST_F(AccessibleScreens, ProgressTellsRowsAndTheChart)
 {
-    StartWithSixGames();
-    GivenPlayer(S("Ann"));
-    GivenWorkout(Today());
-    Finish(S("Corners"), 96);
-    auto *info = new ctlUserInfo(m_Area.get());
-    Open(info);
-    info->ShowDetails(1);
+    BeginWorkout();
+    ctlUserInfo &info = ShowWorkoutRows();
     EXPECT_EQ(Told(),
               S("text Current Workout; text Attention; button Go; text Logic; text 96; text Memory; button Go"));
-    info->ShowDetails(2);
+    info.ShowDetails(2);
     auto *chart = At(S("LarkChart1"));
     EXPECT_EQ(Of(chart)->role(), QAccessible::Chart);
     EXPECT_EQ(Of(chart)->text(QAccessible::Name), S("Progress"));
@@ -194,17 +157,11 @@ TEST_F(AccessibleScreens, ProgressTellsRowsAndTheChart)
 
 TEST_F(AccessibleScreens, InstructionsAndTheStripTellWhatTheyShow)
 {
-    GivenGame(S("Arrows"), S("Attention"));
-    m_Store.Folder().Write(S("Arrows/Instructions.rtf"), R"({\rtf1\ansi Look at the arrows.\par})");
-    Start();
-    GivenPlayer(S("Ann"));
-    auto *page = new ctlGameInstructions(m_Area.get());
-    Open(page);
-    page->ShowInstructions(Game(S("Arrows")));
+    ctlGameInstructions &page = ShowInstructions(R"({\rtf1\ansi Look at the arrows.\par})");
     EXPECT_EQ(Told(),
               S("text Arrows; text ") + Text(S("lblTimeAllowed")) + S("; edit Arrows; button Play; button Cancel"));
     EXPECT_TRUE(Of(At(S("txtInstructions")))->state().readOnly);
-    page->hide();
+    page.hide();
 
     auto *strip = new ctlGamePlaySummary(m_Area.get());
     Open(strip);

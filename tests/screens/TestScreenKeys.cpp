@@ -1,12 +1,7 @@
 // Every screen worked without a mouse: where Tab leads, and what the keys do there.
-#include "ScreenTest.h"
+#include "ShownScreens.h"
 #include "platform/Clock.h"
-#include "screens/PlayerName.h"
-#include "screens/ctlGameInstructions.h"
 #include "screens/ctlGameList.h"
-#include "screens/ctlPlayerlist.h"
-#include "screens/ctlUserInfo.h"
-#include "screens/ctlWorkOut.h"
 #include "sdk/controls/LarkButton.h"
 #include "skin/ctlButtonPanel.h"
 
@@ -20,11 +15,9 @@ namespace
 {
 QString S(const char *text) { return QString::fromUtf8(text); }
 
-class ScreenKeys : public ScreenTest
+class ScreenKeys : public ShownScreens
 {
 protected:
-    ScreenKeys() { SetToday(2026, 3, 5); }
-
     /// The controls that Tab leads to, from the first one until it comes round.
     QString TabWalk()
     {
@@ -50,26 +43,12 @@ protected:
         }
         ASSERT_EQ(Focused().toStdString(), name.toStdString());
     }
-    ctlWorkOut &ShowWorkout()
-    {
-        auto *workout = new ctlWorkOut(m_Area.get());
-        Open(workout);
-        workout->SkinUp();
-        workout->ListCats(false);
-        return *workout;
-    }
 };
 } // namespace
 
 TEST_F(ScreenKeys, APlayerIsChosenFromTheTopDown)
 {
-    Start();
-    GivenPlayer(S("Ann"));
-    GivenPlayer(S("Bob"));
-    auto *list = new ctlPlayerlist(m_Area.get());
-    Open(list);
-    list->ListPlayers();
-    QSignalSpy chosen(list, &ctlPlayerlist::Player);
+    QSignalSpy chosen(&ShowPlayers({S("Ann"), S("Bob")}), &ctlPlayerlist::Player);
     EXPECT_EQ(TabWalk(), S("butPlayer(0) butPlayer(1) butPlayer(2)"));
     TabTo(S("butPlayer(1)"));
     Press(Qt::Key_Return);
@@ -149,17 +128,11 @@ TEST_F(ScreenKeys, AGameIsPractisedFromLeftToRight)
 
 TEST_F(ScreenKeys, InstructionsAreScrolledReadAndLeft)
 {
-    GivenGame(S("Arrows"), S("Attention"));
     QByteArray text = R"({\rtf1\ansi )";
     for (int i = 0; i < 80; ++i) text += R"(One more line.\par )";
-    m_Store.Folder().Write(S("Arrows/Instructions.rtf"), text + "}");
-    Start();
-    GivenPlayer(S("Ann"));
-    auto *page = new ctlGameInstructions(m_Area.get());
-    Open(page);
-    page->ShowInstructions(Game(S("Arrows")));
-    QSignalSpy start(page, &ctlGameInstructions::StartGame);
-    QSignalSpy cancel(page, &ctlGameInstructions::CancelGame);
+    ctlGameInstructions &page = ShowInstructions(text + "}");
+    QSignalSpy start(&page, &ctlGameInstructions::StartGame);
+    QSignalSpy cancel(&page, &ctlGameInstructions::CancelGame);
     EXPECT_EQ(TabWalk(), S("txtInstructions butStartGame butCancelGame"));
     TabTo(S("txtInstructions"));
     const QScrollBar *bar = At<QTextEdit>(S("txtInstructions"))->verticalScrollBar();
@@ -178,13 +151,7 @@ TEST_F(ScreenKeys, InstructionsAreScrolledReadAndLeft)
 
 TEST_F(ScreenKeys, ThePageIsSelectedByTheMouseAndCopied)
 {
-    GivenGame(S("Arrows"), S("Attention"));
-    m_Store.Folder().Write(S("Arrows/Instructions.rtf"), R"({\rtf1\ansi Look at the arrows.\par})");
-    Start();
-    GivenPlayer(S("Ann"));
-    auto *page = new ctlGameInstructions(m_Area.get());
-    Open(page);
-    page->ShowInstructions(Game(S("Arrows")));
+    ShowInstructions(R"({\rtf1\ansi Look at the arrows.\par})");
     auto *box = At<QTextEdit>(S("txtInstructions"));
     QTest::mouseDClick(box->viewport(), Qt::LeftButton, {}, box->cursorRect().center() + QPoint(12, 0));
     EXPECT_EQ(box->textCursor().selectedText(), S("Look"));
@@ -192,14 +159,9 @@ TEST_F(ScreenKeys, ThePageIsSelectedByTheMouseAndCopied)
 
 TEST_F(ScreenKeys, ARowOfTheWorkoutIsPlayedAndItIsCompleted)
 {
-    StartWithSixGames();
-    GivenPlayer(S("Ann"));
-    GivenWorkout(Today());
-    Finish(S("Corners"), 96);
-    auto *info = new ctlUserInfo(m_Area.get());
-    Open(info);
-    info->ShowDetails(1);
-    QSignalSpy go(info, &ctlUserInfo::PlayGame);
+    BeginWorkout();
+    ctlUserInfo &info = ShowWorkoutRows();
+    QSignalSpy go(&info, &ctlUserInfo::PlayGame);
     EXPECT_EQ(TabWalk(), S("butGo(0) butGo(2)"));
     TabTo(S("butGo(2)"));
     Press(Qt::Key_Return);
@@ -207,7 +169,7 @@ TEST_F(ScreenKeys, ARowOfTheWorkoutIsPlayedAndItIsCompleted)
     EXPECT_EQ(go[0][0].toInt(), Category(S("Memory"))->Key);
     Finish(S("Arrows"), 10);
     Finish(S("Echoes"), 20);
-    info->ShowDetails(1);
+    info.ShowDetails(1);
     EXPECT_EQ(TabWalk(), S("butComplete"));
     TabTo(S("butComplete"));
     Press(Qt::Key_Return);
@@ -216,12 +178,7 @@ TEST_F(ScreenKeys, ARowOfTheWorkoutIsPlayedAndItIsCompleted)
 
 TEST_F(ScreenKeys, ANameIsEditedSavedAndLeft)
 {
-    Start();
-    GivenPlayer(S("Ann"));
-    auto *strip = new PlayerName(m_Area.get());
-    Open(strip);
-    strip->SkinUp();
-    strip->ShowDetails();
+    ShowName();
     EXPECT_EQ(TabWalk(), S("txtName cmdUpdate cmdDelete"));
     auto *name = At<QLineEdit>(S("txtName"));
     TabTo(S("cmdUpdate"));
