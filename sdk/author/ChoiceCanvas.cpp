@@ -91,5 +91,6 @@ void ChoiceCanvas::Paint(QPainter &Painter)
                    Running(), Colours());
     PaintTable(Painter);
     m_Choices.DrawRing(Painter, Colours());
+    PaintOverRing(Painter);
     WriteFoot(Painter, Foot, m_TimeUp ? Word("TimeUp") : Line(), Level());
 }

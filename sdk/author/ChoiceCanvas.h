@@ -33,6 +33,8 @@ protected:
     virtual bool Judge(int Choice) = 0;             // adds the round to the set; the item stays until Next
     virtual void Next() = 0;                        // the next item; not called after the last one
     virtual void PaintTable(QPainter &Painter) = 0;
+    /// What the ring of the keyboard must not hide, numbers for instance.
+    virtual void PaintOverRing(QPainter &) {}
     /// The item as a screen reader has it.
     virtual QString ItemInWords() const = 0;
     /// The line at the foot; the word "Hint" unless told otherwise.

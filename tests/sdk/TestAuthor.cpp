@@ -1,9 +1,17 @@
 #include "sdk/author/Choices.h"
 #include "sdk/author/Countdown.h"
+#include "sdk/author/Patterns.h"
 #include "sdk/author/Rounds.h"
 #include "sdk/author/SeenTime.h"
 
 #include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <vector>
 
 namespace
 {
@@ -162,4 +170,28 @@ TEST(SeenTime, HasSixPicturesHoweverShortItIs)
     EXPECT_TRUE(time.IsOver());
     time.Start(7000, 0);
     EXPECT_FALSE(time.IsOver()) << "what lasts no time is over with the first picture";
+    time.Pass(7001);
+    EXPECT_TRUE(time.IsOver());
+}
+
+TEST(Patterns, DifferWithoutAnyColour)
+{
+    QPainterPath figure;
+    figure.addEllipse(QRectF(10, 10, 40, 40));
+    std::vector<double> greys; // the middle of the figure, from black to white
+    for (int fill = 0; fill < Patterns::Count; ++fill) {
+        QImage picture(60, 60, QImage::Format_Grayscale8);
+        picture.fill(Qt::gray);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        Patterns::Draw(painter, figure, static_cast<Pattern>(fill), Qt::black, Qt::white, 8);
+        painter.end();
+        double sum = 0;
+        for (int y = 20; y < 40; ++y)
+            for (int x = 20; x < 40; ++x) sum += qGray(picture.pixel(x, y));
+        greys.push_back(sum / 400);
+        EXPECT_EQ(picture.pixelColor(2, 30), picture.pixelColor(5, 5)) << "beyond the outline nothing is drawn";
+    }
+    std::sort(greys.begin(), greys.end());
+    for (std::size_t i = 1; i < greys.size(); ++i) EXPECT_GT(greys[i] - greys[i - 1], 20);
 }
