@@ -1,0 +1,37 @@
+// Ninth Tile as the player sees it: the square on the left, the tiles offered for its ninth place on the right.
+#pragma once
+
+#include "NinthDrawing.h"
+#include "NinthRules.h"
+#include "sdk/author/ChoiceCanvas.h"
+
+#include <memory>
+
+class NinthArea final : public ChoiceCanvas
+{
+public:
+    explicit NinthArea(QWidget *Container);
+
+protected:
+    void Begin(int Level, std::uint32_t Seed) override;
+    int Level() const override { return m_Rules->Level(); }
+    const Rounds &Set() const override { return m_Rules->Set(); }
+    std::vector<QRectF> Places() const override;
+    bool Judge(int Choice) override { return m_Rules->Answer(Choice); }
+    void Next() override { m_Rules->Next(); }
+    void PaintTable(QPainter &Painter) override;
+    void PaintOverRing(QPainter &Painter) override;
+    QString ItemInWords() const override;
+    QString Line() const override;
+
+private:
+    void PaintSquare(QPainter &painter) const;
+    void PaintNinth(QPainter &painter) const;
+    void PaintOffered(QPainter &painter) const;
+    /// The tile that was right, on its way to its place.
+    void PaintFlight(QPainter &painter) const;
+    NinthDrawing::Look Look() const;
+    QString InWords(const Tile &tile, const std::array<bool, Traits> &told) const;
+
+    std::unique_ptr<NinthRules> m_Rules;
+};
