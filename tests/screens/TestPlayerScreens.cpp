@@ -84,6 +84,21 @@ TEST_F(PlayerList, EightPlayersLeaveNoButtonToAdd)
     EXPECT_EQ(Text(S("butPlayer(7)")), S("Player 8"));
 }
 
+TEST_F(PlayerList, ANewNameStandsOnItsButtonOnceTheListIsShownAgain)
+{
+    ctlPlayerlist &list = Show(2);
+    auto *strip = new PlayerName(m_Area.get());
+    Open(strip);
+    strip->ShowDetails();
+    Click(S("cmdUpdate"));
+    QTest::keyClicks(At(S("txtName")), S("Anna"));
+    Click(S("cmdUpdate"));
+    EXPECT_EQ(modMain::CurrentPlayer->Name, S("Anna"));
+    EXPECT_EQ(Text(S("butPlayer(1)")), S("Player 2"));
+    list.ListPlayers();
+    EXPECT_EQ(Text(S("butPlayer(1)")), S("Anna"));
+}
+
 TEST_F(PlayerList, ANinthPlayerIsStillListedAndCanBeReached)
 {
     Show(9);

@@ -1,4 +1,5 @@
 #include "ScreenTest.h"
+#include "domain/Store.h"
 #include "platform/Clock.h"
 #include "screens/Awards.h"
 #include "screens/ctlWorkOut.h"
@@ -216,6 +217,26 @@ TEST_F(WorkOut, AClickOnATileOrItsLabelsSelectsTheCategory)
     Click(S("lblCat(2)"));
     EXPECT_EQ(Text(S("lblGame(1)")), S("Faces"));
     EXPECT_EQ(TakeSounds(), 1);
+}
+
+TEST_F(WorkOut, AClickOnATileWhileAListingRunsIsIgnored)
+{
+    StartWithAnn();
+    Show();
+    TakeSounds();
+    int clicks = 0;
+    // As a message of a failing store would let it in.
+    modMain::GetConnection().BeforeCall = [&](const QString &) {
+        if (clicks++ == 0) Click(S("picCat(2)"));
+    };
+    Click(S("picCat(1)"));
+    modMain::GetConnection().BeforeCall = nullptr;
+    EXPECT_GT(clicks, 0);
+    EXPECT_EQ(Text(S("lblGame(0)")), S("Corners"));
+    EXPECT_EQ(At<PictureBox>(S("picCat(1)"))->BackColour(), QColor(255, 255, 0));
+    EXPECT_EQ(At<PictureBox>(S("picCat(2)"))->BackColour(), QColor(255, 255, 255));
+    Click(S("picCat(2)"));
+    EXPECT_EQ(Text(S("lblGame(0)")), S("Echoes")) << "the next one counts";
 }
 
 TEST_F(WorkOut, ATileIsChosenByKeysAndKeepsTheFocus)
