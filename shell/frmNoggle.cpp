@@ -321,6 +321,8 @@ void frmNoggle::DeletePlayer()
 {
     modMain::Players->Remove(modMain::CurrentPlayer->Key);
     modMain::CurrentPlayer.reset();
+    modMain::CurrentWorkout.reset();
+    modMain::CurrentPlayerGame.reset();
     ChangePlayer();
 }
 

@@ -96,6 +96,19 @@ TEST_F(Players, ADeletedPlayerIsGoneAndTheChoiceShowsWhicheverScreenItWas)
     }
 }
 
+TEST_F(Players, OfADeletedPlayerNothingStaysCurrentThatCouldBeWrittenTo)
+{
+    StartWithAnn();
+    GoTo(6);
+    Program.Click("butNextWorkout");
+    ASSERT_TRUE(modMain::CurrentWorkout);
+    ASSERT_TRUE(modMain::CurrentPlayerGame);
+    Program.AnswerNextBox("cmd1");
+    Program.Click("cmdDelete");
+    EXPECT_FALSE(modMain::CurrentWorkout);
+    EXPECT_FALSE(modMain::CurrentPlayerGame);
+}
+
 TEST_F(Players, OneWhoIsDeletedWhileTheNameIsEditedIsGoneAndNothingIsWrittenOfThem)
 {
     StartWithAnn();
