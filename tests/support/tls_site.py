@@ -17,6 +17,8 @@ while True:
     try:
         with context.wrap_socket(visitor, server_side=True) as client, client.makefile("rwb") as stream:
             line = stream.readline()
+            if not line:  # a visitor may look at the name in the certificate last of all, and leave without a word
+                continue
             while stream.readline().strip():
                 pass
             print(client.selected_alpn_protocol(), line.decode("utf-8", "replace").strip(), flush=True)
