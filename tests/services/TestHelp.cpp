@@ -43,8 +43,13 @@ public:
     {
         for (const char *scheme : {"file", "http", "https"}) QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
     }
-    Q_INVOKABLE void Open(const QUrl &url) { Opened << url.toString(); }
+    Q_INVOKABLE void Open(const QUrl &url)
+    {
+        Opened << url.toString();
+        Last = url;
+    }
     QStringList Opened;
+    QUrl Last;
 };
 
 class Help : public testing::Test
@@ -158,6 +163,15 @@ TEST_F(Help, IsTheDesktopsWhereItHasAViewer)
     EXPECT_EQ(m_Desktop.Opened,
               QStringList{QUrl::fromLocalFile(m_Folder.Path() + QStringLiteral("Help.chm")).toString()});
     EXPECT_EQ(Window(), nullptr);
+}
+
+TEST_F(Help, AFileNamedWithBlanksAndSignsReachesTheViewerAsItIsNamed)
+{
+    modHelp::HelpFile = QStringLiteral("Help #1 & 50%20 ?.chm");
+    m_Folder.Copy(QStringLiteral(NOGGLE_HELP), modHelp::HelpFile);
+    GivenViewer();
+    modHelp::ShowHelp(nullptr);
+    EXPECT_EQ(m_Desktop.Last.toLocalFile(), m_Folder.Path() + modHelp::HelpFile);
 }
 
 TEST_F(Help, IsOurOwnWindowWhereTheDesktopHasNone)

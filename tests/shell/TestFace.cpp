@@ -9,6 +9,7 @@
 #include "skin/colSkin.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QPainter>
 #include <QScreen>
 #include <QUrl>
@@ -179,6 +180,17 @@ TEST_F(Face, TheLogoOpensTheAddressOfTheModule)
     EXPECT_EQ(Program.Find("picLogo")->cursor().shape(), Qt::WhatsThisCursor);
     Program.Click("picLogo");
     EXPECT_EQ(Plain(desktop.Opened.join(u'|')), "http://noggle.example.org");
+}
+
+TEST_F(Face, WithoutAnAddressInTheModuleTheLogoOpensNothing)
+{
+    QFile::remove(Program.Folder.Path() + QStringLiteral("0.dll"));
+    Start();
+    Desktop desktop;
+    Program.Find("picLogo")->resize(40, 40); // its picture comes from the module too
+    Program.Click("picLogo");
+    EXPECT_TRUE(desktop.Opened.isEmpty());
+    EXPECT_NE(Program.Find("picLogo")->cursor().shape(), Qt::WhatsThisCursor);
 }
 
 TEST_F(Face, TheWheelIsHookedOnlyWhileTheWindowIsActive)
