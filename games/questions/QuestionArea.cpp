@@ -2,13 +2,9 @@
 
 #include "QuestionFile.h"
 
-#include "sdk/author/Marks.h"
-
+#include <QFile>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QPainter>
-
-#include <algorithm>
 
 namespace
 {
@@ -151,9 +147,15 @@ void QuestionArea::Told(bool right)
     setAccessibleDescription((right ? WordOr("Right", "Right") : WordOr("Wrong", "Not right")) +
                              QStringLiteral(": ") + m_Shown.Text.Solution());
     Progress(m_Rules->Progress());
-    Play(m_Rules->Over() ? "done" : right ? "right" : "wrong");
+    PlayIfThere(m_Rules->Over() ? "done" : right ? "right" : "wrong");
     update();
     if (m_Rules->Over()) EndGame();
+}
+
+// A set needs no sounds.
+void QuestionArea::PlayIfThere(const char *sound) const
+{
+    if (QFile::exists(m_Folder + QStringLiteral("sounds/%1.wav").arg(QLatin1String(sound)))) Play(sound);
 }
 
 void QuestionArea::Ticked()

@@ -36,13 +36,13 @@ protected:
 
 private:
     bool IsTelling() const { return m_Telling.Runs(); }
-    const QuestionRules::Asked &Shown() const { return m_Shown; }
     QString WordOr(const char *name, const char *english) const;
     void Show();
     void TypeLetter(QChar letter);
     void Choose(int choice);
     void GiveTyped();
     void Told(bool right);
+    void PlayIfThere(const char *sound) const;
     void Refuse();
 
     void PaintQuestion(QPainter &painter) const;

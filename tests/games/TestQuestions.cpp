@@ -89,6 +89,8 @@ TEST_F(Bundled, IsPlayedByTheKeyboardAloneToItsEnd)
     }
     EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
     EXPECT_EQ(stage.Score(), 110);
+    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound right")), 14);
+    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound done")), 1);
     stage.Key(49);
     EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1) << "nothing counts after the end";
 }
@@ -210,6 +212,7 @@ TEST(Questions, AreTypedWithTheMouseAlone)
     const auto key = [](int place) { return QPoint(20 + static_cast<int>(580 / 12.0 * (place + 0.5)), 226); };
     for (const int place : {1, 4, 10, 6, 11}) stage.Click(key(place)); // 14, back, 16, enter
     EXPECT_EQ(Told(stage), QStringLiteral("Not right: 15"));
+    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound")), 0) << "this set brings no sounds";
     stage.Keep(QStringLiteral("typed-mistake"));
     EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
     EXPECT_EQ(stage.Score(), 0);

@@ -30,7 +30,7 @@ std::string FailureOf(const QString &Program, const QStringList &Arguments)
 class Template : public testing::Test
 {
 protected:
-    // In the program, beside a game that it brings.
+    // In the program, beside a game that it brings; and there is nothing to mend in it.
     void BuildInto(const QString &ProgramFolder) const
     {
         const std::filesystem::path installed = m_Place.filePath(QStringLiteral("sdk")).toStdString();
@@ -43,6 +43,10 @@ protected:
         copy(installed / "share/noggle-sdk/template", mine, std::filesystem::copy_options::recursive);
         ASSERT_EQ(FailureOf(QString::fromStdString((mine / "build").string()),
                             {QString::fromStdString(installed.string()), ProgramFolder}),
+                  "");
+        ASSERT_EQ(FailureOf(QString::fromStdString((installed / "bin/noggle-check-game").string()),
+                            {QStringLiteral("--sessions"), QStringLiteral("30"),
+                             ProgramFolder + QStringLiteral("my-game")}),
                   "");
     }
     /// A key for the side of the larger number, as the game tells it to a screen reader.

@@ -126,7 +126,7 @@ void GameFolder::JudgeConfig()
     static const QStringList known{QStringLiteral("name"),      QStringLiteral("component"),
                                    QStringLiteral("timelimit"), QStringLiteral("levels"),
                                    QStringLiteral("category"),  QStringLiteral("controlpanel"),
-                                   QStringLiteral("seed")};
+                                   QStringLiteral("pace"),      QStringLiteral("seed")};
     for (const Key &key : m_Keys)
         if (IsSame(key.first, Config) && !known.contains(key.second, Qt::CaseInsensitive))
             m_Report.Note(QStringLiteral("\"%1\" in [config] means nothing to the program. Is it misspelt? Settings "
@@ -164,8 +164,9 @@ void GameFolder::JudgeNumbers()
             m_Report.Note(QStringLiteral("%1 levels are more than a player can choose from.").arg(m_Levels));
     }
     m_Levels = std::clamp(m_Levels, 1, ManyLevels);
-    const QString seed = Value(Config, QStringLiteral("seed"));
-    if (!seed.isEmpty())
+    if (!Value(Config, QStringLiteral("pace")).isEmpty())
+        m_Report.Note(QStringLiteral("\"pace\" is set: the game runs at another speed than its players expect."));
+    if (!Value(Config, QStringLiteral("seed")).isEmpty())
         m_Report.Note(
             QStringLiteral("\"seed\" is set: every session deals the same board. Take it out before you give "
                            "the game away."));

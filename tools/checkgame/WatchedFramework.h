@@ -6,9 +6,9 @@
 
 #include "sdk/CNoggleFramework.h"
 
-#include "sdk/author/SeededRandom.h"
-
 #include <QString>
+
+#include <cstdint>
 
 class CheckedSession;
 class GameFolder;
