@@ -1,0 +1,129 @@
+#include "StoneArea.h"
+
+#include "StoneDrawing.h"
+#include "sdk/author/Marks.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int RightTime = 400;  // [ms]
+constexpr int WrongTime = 1500; // [ms] long enough to find the ring
+
+constexpr QRectF Bed{20, 48, 580, 320};
+constexpr double Margin = 8;        // of the sand around the stones
+constexpr double WidestPlace = 1.3; // a place is wider than high by so much at most
+constexpr double StoneShare = 0.76; // of a place's smaller side
+constexpr double ShiftShare = 0.09;
+
+constexpr int One = 49, Nine = 57, NumberBlockOne = 97, NumberBlockNine = 105;
+constexpr std::size_t Digits = 9;
+} // namespace
+
+StoneArea::StoneArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
+
+void StoneArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_unique<StoneRules>(Level, Seed); }
+
+std::vector<QRectF> StoneArea::Places() const
+{
+    const StoneItem &item = m_Rules->Item();
+    const double height = (Bed.height() - 2 * Margin) / item.Rows;
+    const double width = std::min((Bed.width() - 2 * Margin) / item.Columns, WidestPlace * height);
+    const QPointF corner = Bed.center() - QPointF(width * item.Columns, height * item.Rows) / 2;
+    std::vector<QRectF> places;
+    for (int row = 0; row < item.Rows; ++row)
+        for (int column = 0; column < item.Columns; ++column)
+            places.emplace_back(corner + QPointF(column * width, row * height), QSizeF(width, height));
+    return places;
+}
+
+double StoneArea::StoneWidth() const
+{
+    const QSizeF place = Offered().Places().front().size();
+    return StoneShare * std::min(place.width(), place.height());
+}
+
+void StoneArea::ItemShown()
+{
+    const QSizeF place = Offered().Places().front().size();
+    SeededRandom random(m_Rules->Item().Scatter);
+    const auto share = [&] { return ShiftShare * random.Between(-100, 100) / 100.0; };
+    m_Shifts.clear();
+    for (std::size_t i = 0; i < m_Rules->Item().Stones.size(); ++i) {
+        const double across = share() * place.width();
+        m_Shifts.emplace_back(across, share() * place.height());
+    }
+}
+
+QPointF StoneArea::CentreOf(int stone) const
+{
+    const auto at = static_cast<std::size_t>(stone);
+    return Offered().Places()[at].center() + m_Shifts[at];
+}
+
+std::optional<int> StoneArea::ChoiceOf(int Key)
+{
+    const bool isDigit = (Key >= One && Key <= Nine) || (Key >= NumberBlockOne && Key <= NumberBlockNine);
+    if (isDigit && m_Rules->Item().Stones.size() > Digits) return {};
+    const auto before = Offered().Ring();
+    const auto chosen = ChoiceCanvas::ChoiceOf(Key);
+    if (const auto ring = Offered().Ring(); ring && ring != before) setAccessibleDescription(InWords(*ring));
+    return chosen;
+}
+
+// Where it lies and what it looks like: "2, 3: striped square, small".
+QString StoneArea::InWords(int stone) const
+{
+    static constexpr std::array Patterns{"Plain", "Striped", "Dotted", "Ringed"};
+    static constexpr std::array Shapes{"Circle", "Square", "Triangle", "Hexagon", "Pentagon", "Oval"};
+    const StoneItem &item = m_Rules->Item();
+    const Stone &seen = item.Stones[static_cast<std::size_t>(stone)];
+    QString words = QStringLiteral("%1, %2: ").arg(stone % item.Columns + 1).arg(stone / item.Columns + 1);
+    words += Word("Stone").arg(Word(Shapes.at(static_cast<std::size_t>(seen.Shape))),
+                               Word(Patterns.at(static_cast<std::size_t>(seen.Pattern))));
+    if (seen.Size < 100) words += QStringLiteral(", ") + Word("Small");
+    if (seen.Tilt != 0) words += QStringLiteral(", ") + Word(seen.Tilt < 0 ? "LeansLeft" : "LeansRight");
+    return words;
+}
+
+QString StoneArea::ItemInWords() const
+{
+    return Word("Stones").arg(m_Rules->Item().Stones.size()).arg(m_Rules->Item().Rows);
+}
+
+QString StoneArea::Line() const { return Word(!Chosen() ? "Hint" : WasRight() ? "Right" : "Wrong"); }
+
+void StoneArea::PaintTable(QPainter &Painter)
+{
+    StoneDrawing::DrawSand(Painter, Bed, Dark());
+    const int count = static_cast<int>(m_Rules->Item().Stones.size());
+    for (int stone = 0; stone < count; ++stone) PaintStone(Painter, stone);
+    if (!Chosen()) return;
+    StoneDrawing::DrawMist(Painter, Bed, Dark());
+    PaintStone(Painter, m_Rules->Item().Odd);
+    PaintStone(Painter, *Chosen());
+    PaintTold(Painter);
+}
+
+void StoneArea::PaintStone(QPainter &painter, int stone) const
+{
+    constexpr double Raised = 1.08; // under the pointer
+    const bool isOver = Running() && !Chosen() && Offered().Over() == stone;
+    StoneDrawing::DrawStone(painter, CentreOf(stone), StoneWidth() * (isOver ? Raised : 1),
+                            m_Rules->Item().Stones[static_cast<std::size_t>(stone)], Dark());
+}
+
+void StoneArea::PaintTold(QPainter &painter) const
+{
+    const double radius = StoneWidth() * 0.62;
+    const double markSize = std::clamp(StoneWidth() * 0.5, 22.0, 34.0);
+    const QPointF aside(radius * 0.75, -radius * 0.75);
+    const QPointF odd = CentreOf(m_Rules->Item().Odd);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Marks::RightColour, 4));
+    painter.drawEllipse(odd, radius, radius);
+    Marks::DrawRight(painter, odd + aside, markSize);
+    if (!WasRight()) Marks::DrawWrong(painter, CentreOf(*Chosen()) + aside, markSize);
+}

@@ -1,0 +1,19 @@
+// Sand and stones, in units of the drawing.
+#pragma once
+
+#include "StoneRules.h"
+
+#include <QPointF>
+#include <QRectF>
+
+class QPainter;
+
+namespace StoneDrawing
+{
+/// A bed of raked sand.
+void DrawSand(QPainter &Painter, const QRectF &Bed, bool Dark);
+/// A mist over all that lies there, so that what is drawn then stands out.
+void DrawMist(QPainter &Painter, const QRectF &Bed, bool Dark);
+/// A stone around that point. Width is that of the largest size.
+void DrawStone(QPainter &Painter, QPointF Centre, double Width, const Stone &Stone, bool Dark);
+} // namespace StoneDrawing

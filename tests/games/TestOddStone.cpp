@@ -1,0 +1,299 @@
+#include "games/odd-stone/StoneRules.h"
+#include "tests/games/stage/Stage.h"
+
+#include "platform/Files.h"
+#include "shell/program/modMain.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTimer>
+
+#include <optional>
+
+namespace
+{
+const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "odd-stone/");
+constexpr std::uint32_t Seed = 7;
+constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
+constexpr int Enter = 13, Space = 32;
+
+/// The game with a known seed, and its rules beside it, which know what is right.
+class OddStone : public testing::Test
+{
+protected:
+    Stage Table{QStringLiteral("OddStone.GameArea"), WithSeed(Folder, Seed)};
+    std::optional<StoneRules> Known;
+    int Ring = -1; // -1 before an arrow has shown it on the first stone
+
+    void Start(int level)
+    {
+        Known.emplace(level, Seed);
+        Table.Start(level);
+    }
+    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
+    QString Described() const { return Table.Game->Control()->accessibleDescription(); }
+    QString Told() const { return Table.Game->Control()->accessibleName(); }
+    int Odd() const { return Known->Item().Odd; }
+    int AnyOther() const { return Odd() == 0 ? 1 : 0; }
+    bool WaitForNext() const
+    {
+        return Stage::Until([this] { return Described() == Word("Hint"); });
+    }
+    int Count(const char *call) const { return Table.Framework->Count(QLatin1String(call)); }
+    /// A place of the drawing, in the game's pixels.
+    QPoint At(QPointF place) const
+    {
+        const QSize size = Table.Game->Control()->size();
+        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
+        return (QPointF((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2) + place * scale)
+            .toPoint();
+    }
+    QPoint PlaceOf(int stone) const
+    {
+        const StoneItem &item = Known->Item();
+        const double height = 304.0 / item.Rows;
+        const double width = std::min(564.0 / item.Columns, 1.3 * height);
+        return At({310 + width * (stone % item.Columns + 0.5 - item.Columns / 2.0),
+                   208 + height * (stone / item.Columns + 0.5 - item.Rows / 2.0)});
+    }
+    void Click(int stone)
+    {
+        Table.Click(PlaceOf(stone));
+        Known->Judge(stone);
+        Known->Next();
+    }
+    void MoveRingTo(int stone)
+    {
+        if (Ring < 0) {
+            Table.Key(Down); // shows it
+            Ring = 0;
+        }
+        const int columns = Known->Item().Columns;
+        for (; Ring % columns < stone % columns; ++Ring) Table.Key(Right);
+        for (; Ring % columns > stone % columns; --Ring) Table.Key(Left);
+        for (; Ring < stone; Ring += columns) Table.Key(Down);
+        for (; Ring > stone; Ring -= columns) Table.Key(Up);
+    }
+    void PressByKeys(int stone, int key)
+    {
+        MoveRingTo(stone);
+        Table.Key(key);
+        Known->Judge(stone);
+        Known->Next();
+    }
+};
+} // namespace
+
+TEST_F(OddStone, AWholeSetIsPlayedWithTheKeysAloneAndEndsOnce)
+{
+    constexpr int Most = 9; // stones, and the shortest set
+    int shown = -1;
+    Table.Framework->GameOver = [&] { shown = Table.Score(); }; // what the shell asks inside
+    Start(Most);
+    const int count = Known->Set().Count();
+    for (int round = 1; round <= count; ++round) {
+        ASSERT_TRUE(WaitForNext());
+        EXPECT_EQ(Count("gameover"), 0);
+        PressByKeys(Odd(), round % 2 == 0 ? Enter : Space);
+        ASSERT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 * round / count);
+    }
+    EXPECT_EQ(Count("gameover"), 1) << "before any picture of the end";
+    EXPECT_EQ(shown, 125);
+    EXPECT_EQ(Count("playsound done"), 1);
+    const int calls = Table.Framework->Count({});
+    EXPECT_TRUE(Table.UntilStill());
+    Table.Key(Enter);
+    Table.Click(PlaceOf(5));
+    EXPECT_EQ(Table.Framework->Count({}), calls) << "nothing counts after the end";
+    EXPECT_EQ(Table.Score(), shown);
+}
+
+TEST_F(OddStone, IsPlayedWithTheMouseAloneAtEverySize)
+{
+    int level = 3;
+    for (const QSize place : {QSize(620, 420), QSize(400, 300), QSize(900, 420), QSize(1600, 1000)}) {
+        Table.Resize(place);
+        Start(level++);
+        for (int round = 0; round < 2; ++round) {
+            ASSERT_TRUE(WaitForNext());
+            Click(Odd());
+            EXPECT_EQ(Described(), Word("Right")) << place.width();
+        }
+        EXPECT_EQ(Table.Score(), Known->Set().Points()) << place.width();
+        EXPECT_GT(Table.Score(), 0);
+    }
+}
+
+TEST_F(OddStone, DigitsPressEightStonesButNoneOfTwelve)
+{
+    Start(2);
+    for (int digit = 1; digit <= 9; ++digit) {
+        Table.Key(u'0' + digit);
+        Table.Key(96 + digit);
+    }
+    EXPECT_EQ(Described(), Word("Hint"));
+    Start(1);
+    Table.Key(u'9');
+    EXPECT_EQ(Described(), Word("Hint"));
+    Table.Key(u'1' + Odd());
+    EXPECT_EQ(Described(), Word("Right"));
+}
+
+TEST_F(OddStone, TheRingTellsWhatLiesUnderIt)
+{
+    Start(6);
+    EXPECT_EQ(Told(), QStringLiteral("30 stones in 5 rows"));
+    EXPECT_EQ(Described(), Word("Hint"));
+    const StoneItem &item = Known->Item();
+    static constexpr std::array Shapes{"circle", "square", "triangle", "hexagon", "pentagon", "oval"};
+    for (int stone = 0; stone < 30; ++stone) {
+        MoveRingTo(stone);
+        const Stone &seen = item.Stones[static_cast<std::size_t>(stone)];
+        EXPECT_TRUE(Described().startsWith(QStringLiteral("%1, %2: ").arg(stone % 6 + 1).arg(stone / 6 + 1)))
+            << qPrintable(Described());
+        EXPECT_TRUE(Described().contains(QLatin1String(Shapes.at(static_cast<std::size_t>(seen.Shape)))));
+        EXPECT_EQ(Described().contains(u"small"), seen.Size < 100);
+        EXPECT_EQ(Described().contains(u"leans to the right"), seen.Tilt > 0);
+    }
+}
+
+TEST_F(OddStone, AClickBesideTheStonesDoesNothing)
+{
+    Start(1);
+    Table.Click(At({310, 30}));
+    Table.Click(At({310, 400}));
+    QTest::mouseClick(Table.Game->Control(), Qt::RightButton, {}, PlaceOf(0));
+    EXPECT_EQ(Described(), Word("Hint"));
+}
+
+TEST_F(OddStone, AWrongPressShowsTheRightStone)
+{
+    Start(5);
+    const QPoint odd = PlaceOf(Odd());
+    const int size = qRound(304.0 / Known->Item().Rows);
+    const QRect around(odd - QPoint(size / 2, size / 2), QSize(size, size));
+    const QImage before = Table.Picture().copy(around);
+    Click(AnyOther());
+    EXPECT_EQ(Described(), Word("Wrong"));
+    EXPECT_EQ(Count("playsound wrong"), 1);
+    EXPECT_EQ(Table.Score(), 0);
+    EXPECT_NE(Table.Picture().copy(around), before) << "a ring and a tick";
+    Table.Key(Down);
+    Table.Key(Enter);
+    Table.Click(odd);
+    EXPECT_EQ(Count("progress"), 1) << "no key counts while the answer is told";
+}
+
+TEST_F(OddStone, HiddenItsClockStandsStill)
+{
+    Start(1);
+    Click(AnyOther());
+    Table.Game->SetVisible(false);
+    Stage::Turn(1700); // longer than a wrong answer is told
+    Table.Key(u'1');
+    Table.Game->SetVisible(true);
+    EXPECT_EQ(Described(), Word("Wrong"));
+    ASSERT_TRUE(WaitForNext());
+    Click(Odd());
+    EXPECT_EQ(Described(), Word("Right"));
+}
+
+TEST_F(OddStone, AfterTimeUpNothingCountsAndThePointsStand)
+{
+    Start(1);
+    Click(Odd());
+    ASSERT_TRUE(WaitForNext());
+    Table.Game->Message(QStringLiteral("timeup"));
+    EXPECT_EQ(Described(), Word("TimeUp"));
+    Table.Key(u'1' + Odd());
+    Table.Click(PlaceOf(Odd()));
+    EXPECT_EQ(Table.Score(), 1000 / 295);
+    EXPECT_EQ(Count("gameover"), 0);
+}
+
+TEST_F(OddStone, BeforeStartNothingHappens)
+{
+    Table.Key(Down);
+    Table.Key(Enter);
+    Table.Key(u'1');
+    Table.Click(At({310, 200}));
+    EXPECT_FALSE(Table.Picture().isNull());
+    EXPECT_EQ(Table.Score(), 0);
+    Table.Game->Message(QStringLiteral("timeup"));
+    EXPECT_FALSE(Table.Picture().isNull());
+}
+
+TEST_F(OddStone, StandsStillWhileNothingMoves)
+{
+    Start(1);
+    Click(Odd());
+    EXPECT_FALSE(Table.Game->Control()->findChildren<QTimer *>().isEmpty());
+    EXPECT_TRUE(Table.UntilStill());
+}
+
+TEST_F(OddStone, ALevelOutOfRangePlaysAsTheNearest)
+{
+    Start(-3);
+    EXPECT_EQ(Told(), QStringLiteral("8 stones in 2 rows"));
+    Start(99);
+    EXPECT_EQ(Told(), QStringLiteral("60 stones in 6 rows"));
+}
+
+TEST_F(OddStone, EveryWordOfItsOwnIsThereInBothLanguages)
+{
+    for (const char *name : {"Name",     "Hint",      "Right",      "Wrong",  "Stones", "Stone",   "Circle", "Square",
+                             "Triangle", "Hexagon",   "Pentagon",   "Oval",   "Plain",  "Striped", "Dotted", "Ringed",
+                             "Small",    "LeansLeft", "LeansRight", "Points", "Level",  "TimeUp"}) {
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
+        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
+    }
+}
+
+TEST_F(OddStone, ItsFolderIsComplete)
+{
+    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "odd-stone.so", "sounds/right.wav",
+                             "sounds/wrong.wav", "sounds/done.wav"})
+        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
+    EXPECT_TRUE(ReadFile(Folder + QStringLiteral("Instructions.rtf")).contains("\\pngblip"));
+    EXPECT_TRUE(
+        PlayedFramework::Install(Folder)->GetSetting(QStringLiteral("config"), QStringLiteral("seed")).isEmpty());
+}
+
+TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
+{
+    struct Row
+    {
+        const char *name;
+        QSize size;
+        int level;
+        bool dark;
+    };
+    for (const Row &row :
+         {Row{"first", {620, 420}, 1, false}, Row{"close", {620, 420}, 4, true}, Row{"middle", {620, 420}, 5, false},
+          Row{"plain", {620, 420}, 8, true}, Row{"last", {620, 420}, 9, false}, Row{"large", {1600, 1000}, 9, true},
+          Row{"large-middle", {1600, 1000}, 5, false}, Row{"small", {380, 290}, 3, true}}) {
+        const QString name = QStringLiteral("stone-") + QLatin1String(row.name);
+        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
+        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
+        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Resize(row.size);
+        Start(row.level);
+        Table.Key(Right);
+        const QImage fresh = Table.Picture();
+        Table.Keep(name + QStringLiteral("-1-first"));
+        Click(Odd());
+        Stage::Turn(150);
+        const QImage right = Table.Picture();
+        Table.Keep(name + QStringLiteral("-2-right"));
+        ASSERT_TRUE(WaitForNext());
+        Click(AnyOther());
+        Stage::Turn(300);
+        const QImage wrong = Table.Picture();
+        Table.Keep(name + QStringLiteral("-3-wrong"));
+        Table.Game->Message(QStringLiteral("timeup"));
+        EXPECT_NE(fresh, right);
+        EXPECT_NE(right, wrong);
+        EXPECT_NE(wrong, Table.Picture());
+    }
+}
