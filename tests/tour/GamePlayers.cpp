@@ -129,8 +129,8 @@ struct Entry
     const char *component;
     void (*play)(Hands &, const Stamina &, const Board &);
 };
-constexpr std::array Table{Entry{"LanternRow", PlayLanternRow}, Entry{"ScaleTip", PlayScaleTip},
-                           Entry{"TallyRush", PlayTallyRush}};
+constexpr std::array Table{Entry{"LanternRow", PlayLanternRow}, Entry{"OddStone", PlayOddStone},
+                           Entry{"ScaleTip", PlayScaleTip}, Entry{"TallyRush", PlayTallyRush}};
 } // namespace
 
 void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed)

@@ -36,4 +36,5 @@ void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed = Board().Seed);
 bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const Stamina &Stamina);
 
 // Players of one game each, in files of their own.
+void PlayOddStone(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayScaleTip(Hands &hands, const Stamina &stamina, const Board &board);
