@@ -65,7 +65,7 @@ std::uint32_t GameCanvas::Seed() const
 double GameCanvas::TimeFactor() const
 {
     constexpr double Whole = 100; // [percent]
-    constexpr int Swiftest = 10;
+    constexpr int Swiftest = 1;
     constexpr int Slowest = 1000;
     bool isGiven = false;
     const int given = m_Framework->GetSetting(QStringLiteral("config"), QStringLiteral("pace")).toInt(&isGiven);

@@ -1,17 +1,14 @@
 #include "games/hold-back/HoldRules.h"
 #include "games/hold-back/HoldShapes.h"
-#include "tests/games/stage/Stage.h"
+#include "tests/games/stage/PacedStage.h"
 
 #include "platform/Files.h"
-#include "services/modIniFile.h"
-#include "shell/program/modMain.h"
 
 #include <gtest/gtest.h>
 
 #include <QPainter>
 #include <QTest>
 #include <QThread>
-#include <QTimer>
 
 namespace
 {
@@ -23,67 +20,17 @@ constexpr QPointF ButtonPlace{393, 327};
 constexpr QPointF ShapePlace{393, 167};
 constexpr QPointF StopPlace{95, 135};
 
-/// A copy of the game with a known board, at so many percent of its usual times.
-QString AtPace(int percent)
-{
-    const QString folder = WithSeed(Delivered, Seed);
-    EXPECT_TRUE(WriteIniString(QStringLiteral("config"), QStringLiteral("pace"), QString::number(percent),
-                               folder + QStringLiteral("GameSettings.ini")));
-    return folder;
-}
-
 /// The game on the stage, beside the same rules.
-struct PlayedGame
+struct PlayedGame : PacedStage
 {
-    explicit PlayedGame(int percent) : Table(QStringLiteral("HoldBack.GameArea"), AtPace(percent)) {}
+    explicit PlayedGame(int percent) : PacedStage(QStringLiteral("HoldBack.GameArea"), Delivered, Seed, percent) {}
 
-    Stage Table;
-
-    void Start(int level)
+    void Begin(int level)
     {
         Known = std::make_unique<HoldRules>(level, Seed);
-        Table.Start(level);
+        Start(level);
     }
-    QString Name() const { return Table.Game->Control()->accessibleName(); }
-    QString Told() const { return Table.Game->Control()->accessibleDescription(); }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    /// The number of the shape in view, from 1; 0 while the stop shape is shown.
-    int Number() const { return Name().section(u':', 0, 0).toInt(); }
     bool IsStop() const { return Known->Items()[static_cast<std::size_t>(Number() - 1)].Kind == Known->StopKind(); }
-    int Sounds(const char *name) const
-    {
-        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
-    }
-    QPoint At(QPointF place) const
-    {
-        const QSize size = Table.Game->Control()->size();
-        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
-        const QPointF origin((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2);
-        return (origin + place * scale).toPoint();
-    }
-    /// Looks at the game between any two events, and does something once for each shape, until that is so.
-    bool PlayUntil(const std::function<void()> &act, const std::function<bool()> &isSo)
-    {
-        int done = Number();
-        bool reached = false;
-        QEventLoop loop;
-        QTimer eyes;
-        QObject::connect(&eyes, &QTimer::timeout, &loop, [&] {
-            reached = reached || isSo();
-            if (reached) return loop.quit();
-            if (Number() == done) return;
-            done = Number();
-            act();
-        });
-        eyes.start(1);
-        QTimer::singleShot(60000, &loop, &QEventLoop::quit);
-        loop.exec();
-        return reached;
-    }
-    bool Sees(const std::function<bool()> &isSo)
-    {
-        return PlayUntil([] {}, isSo);
-    }
     /// Plays rightly by the space bar until the shape in view is one to press, or to hold back for.
     bool PlayToA(bool stop)
     {
@@ -91,34 +38,28 @@ struct PlayedGame
         return PlayUntil(
             [&] {
                 isThere = IsStop() == stop;
-                if (!isThere && !IsStop()) Table.Key(Space);
+                if (!isThere && !IsStop()) Key(Space);
             },
             [&] { return isThere; });
     }
-    bool IsOver() const { return Table.Framework->Count(QStringLiteral("gameover")) > 0; }
-
     std::unique_ptr<HoldRules> Known;
 };
 } // namespace
 
 TEST(HoldBack, IsPlayedToItsEndWithTheKeysAlone)
 {
-    PlayedGame game(10);
-    game.Table.Framework->GameOver = [&] { // what the shell does, with the points asked for inside
-        EXPECT_EQ(game.Table.Score(), 125);
-        game.Table.Game->Message(QStringLiteral("unload"));
-        game.Table.Game->Unload();
-    };
-    game.Start(1);
+    PlayedGame game(4);
+    game.UnloadAtTheEnd([&] { EXPECT_EQ(game.Score(), 125); }); // the shell asks for the points inside
+    game.Begin(1);
     bool enter = false;
     EXPECT_TRUE(game.PlayUntil(
         [&] {
             enter = !enter;
-            if (!game.IsStop()) game.Table.Key(enter ? Enter : Space);
+            if (!game.IsStop()) game.Key(enter ? Enter : Space);
         },
         [&] { return game.IsOver(); }));
-    EXPECT_EQ(game.Table.Framework->Count(QStringLiteral("gameover")), 1);
-    EXPECT_EQ(game.Table.Framework->Last(QStringLiteral("progress")), 100);
+    EXPECT_EQ(game.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(game.Framework->Last(QStringLiteral("progress")), 100);
     EXPECT_EQ(game.Sounds("tap"), 24);
     EXPECT_GE(game.Sounds("held"), 11);
     EXPECT_EQ(game.Sounds("done"), 1);
@@ -128,68 +69,68 @@ TEST(HoldBack, IsPlayedToItsEndWithTheKeysAlone)
 TEST(HoldBack, IsPlayedWithTheMouseAloneAtEverySize)
 {
     for (const QSize size : {QSize(620, 420), QSize(1600, 1000), QSize(900, 420)}) {
-        PlayedGame game(10);
-        game.Table.Resize(size);
-        game.Start(1);
+        PlayedGame game(4);
+        game.Resize(size);
+        game.Begin(1);
         bool button = false;
         EXPECT_TRUE(game.PlayUntil(
             [&] {
                 button = !button;
-                if (!game.IsStop()) game.Table.Click(game.At(button ? ButtonPlace : ShapePlace));
+                if (!game.IsStop()) game.Click(game.At(button ? ButtonPlace : ShapePlace));
             },
-            [&] { return game.Number() > 9; }));
+            [&] { return game.Number() > 6; }));
         EXPECT_EQ(game.Sounds("wrong"), 0);
-        EXPECT_GT(game.Table.Score(), 0) << size.width();
+        EXPECT_GT(game.Score(), 0) << size.width();
     }
 }
 
 TEST(HoldBack, TheStopShapeIsShownFirstAndNoPressCountsMeanwhile)
 {
     PlayedGame game(100);
-    EXPECT_EQ(game.Table.Score(), 0) << "before the start";
-    game.Table.Key(Space);
-    game.Start(1);
+    EXPECT_EQ(game.Score(), 0) << "before the start";
+    game.Key(Space);
+    game.Begin(1);
     EXPECT_TRUE(game.Name().startsWith(game.Word("Stop"))) << qPrintable(game.Name());
-    game.Table.Key(Space);
-    game.Table.Click(game.At(ButtonPlace));
+    game.Key(Space);
+    game.Click(game.At(ButtonPlace));
     EXPECT_EQ(game.Number(), 0);
     EXPECT_EQ(game.Sounds(""), 0);
 }
 
 TEST(HoldBack, TheNameTellsTheStopShapeAndEveryShapeInWords)
 {
-    PlayedGame game(10);
-    game.Start(6);
+    PlayedGame game(4);
+    game.Begin(6);
     const QString stop = game.Name().section(QStringLiteral(": "), 1);
     EXPECT_FALSE(stop.isEmpty());
     EXPECT_TRUE(game.PlayUntil(
         [&] {
             EXPECT_EQ(game.Name().section(QStringLiteral(": "), 1) == stop, game.IsStop());
-            if (!game.IsStop()) game.Table.Key(Space);
+            if (!game.IsStop()) game.Key(Space);
         },
         [&] { return game.Number() > 8; }));
 }
 
 TEST(HoldBack, APressForTheStopShapeIsToldAtOnce)
 {
-    PlayedGame game(50);
-    game.Start(1);
+    PlayedGame game(20);
+    game.Begin(1);
     ASSERT_TRUE(game.PlayToA(true));
-    const int before = game.Table.Score();
+    const int before = game.Score();
     const int number = game.Number();
-    game.Table.Key(Space);
+    game.Key(Space);
     EXPECT_EQ(game.Sounds("wrong"), 1);
     EXPECT_EQ(game.Told(), game.Word("Slip"));
-    EXPECT_LE(game.Table.Score(), before);
-    game.Table.Key(Space);
+    EXPECT_LE(game.Score(), before);
+    game.Key(Space);
     EXPECT_EQ(game.Number(), number) << "nothing counts while it is told";
     EXPECT_EQ(game.Sounds("tap") + game.Sounds("wrong"), number - 1 + 1 - game.Sounds("held"));
 }
 
 TEST(HoldBack, AShapeThatGoesByUnpressedIsTold)
 {
-    PlayedGame game(20);
-    game.Start(1);
+    PlayedGame game(10);
+    game.Begin(1);
     EXPECT_TRUE(game.Sees([&] { return game.Sounds("wrong") == 1; }));
     EXPECT_EQ(game.Told(), game.Word("Missed"));
     EXPECT_EQ(game.Number(), 1);
@@ -198,8 +139,8 @@ TEST(HoldBack, AShapeThatGoesByUnpressedIsTold)
 
 TEST(HoldBack, ToHoldBackIsRight)
 {
-    PlayedGame game(20);
-    game.Start(1);
+    PlayedGame game(10);
+    game.Begin(1);
     ASSERT_TRUE(game.PlayToA(true));
     EXPECT_TRUE(game.Sees([&] { return game.Sounds("held") == 1; }));
     EXPECT_EQ(game.Sounds("wrong"), 0);
@@ -207,69 +148,69 @@ TEST(HoldBack, ToHoldBackIsRight)
 
 TEST(HoldBack, HiddenStandsStillAndTheShapeGetsItsWholeTimeAgain)
 {
-    PlayedGame game(20);
-    game.Start(1);
+    PlayedGame game(10);
+    game.Begin(1);
     ASSERT_TRUE(game.Sees([&] { return game.Number() == 1; }));
-    game.Table.Game->SetVisible(false);
-    Stage::Turn(800); // three times as long as the shape
-    game.Table.Key(Space);
+    game.Game->SetVisible(false);
+    Stage::Turn(400); // three times as long as the shape
+    game.Key(Space);
     EXPECT_EQ(game.Number(), 1);
     EXPECT_EQ(game.Sounds(""), 0) << "neither missed nor pressed";
-    game.Table.Game->SetVisible(true);
-    game.Table.Key(Space);
+    game.Game->SetVisible(true);
+    game.Key(Space);
     EXPECT_EQ(game.Sounds("tap"), 1);
 }
 
 TEST(HoldBack, AMachineThatStandsStillSwallowsNoShape)
 {
-    PlayedGame game(50);
-    game.Start(7);
+    PlayedGame game(20);
+    game.Begin(7);
     ASSERT_TRUE(game.Sees([&] { return game.Number() == 1; }));
-    QThread::msleep(2000); // more than the time of three shapes
+    QThread::msleep(1000); // more than the time of three shapes
     QCoreApplication::processEvents();
     EXPECT_EQ(game.Number(), 1);
     EXPECT_EQ(game.Sounds(""), 0);
-    game.Table.Key(Space);
+    game.Key(Space);
     EXPECT_EQ(game.Told(), game.Word("Right"));
 }
 
 TEST(HoldBack, ASecondPressForOneShapeDoesNothing)
 {
-    PlayedGame game(50);
-    game.Start(1);
+    PlayedGame game(20);
+    game.Begin(1);
     ASSERT_TRUE(game.Sees([&] { return game.Number() == 1; }));
-    for (int press = 0; press < 3; ++press) game.Table.Key(Space);
+    for (int press = 0; press < 3; ++press) game.Key(Space);
     EXPECT_EQ(game.Sounds("tap"), 1);
 }
 
 TEST(HoldBack, ClicksBesideItAndOtherButtonsAndKeysDoNothing)
 {
-    PlayedGame game(50);
-    game.Start(1);
+    PlayedGame game(20);
+    game.Begin(1);
     ASSERT_TRUE(game.Sees([&] { return game.Number() == 1; }));
-    game.Table.Click(game.At(StopPlace));
-    QTest::mouseClick(game.Table.Game->Control(), Qt::RightButton, {}, game.At(ButtonPlace));
-    game.Table.Key(u'A');
+    game.Click(game.At(StopPlace));
+    QTest::mouseClick(game.Game->Control(), Qt::RightButton, {}, game.At(ButtonPlace));
+    game.Key(u'A');
     EXPECT_EQ(game.Sounds(""), 0);
 }
 
 TEST(HoldBack, AfterTimeUpNothingCountsAndNothingMoves)
 {
-    PlayedGame game(20);
-    game.Start(1);
+    PlayedGame game(10);
+    game.Begin(1);
     ASSERT_TRUE(game.PlayUntil(
         [&] {
-            if (!game.IsStop()) game.Table.Key(Space);
+            if (!game.IsStop()) game.Key(Space);
         },
         [&] { return game.Number() > 5; }));
-    game.Table.Game->Message(QStringLiteral("timeup"));
-    const int score = game.Table.Score();
+    game.Game->Message(QStringLiteral("timeup"));
+    const int score = game.Score();
     const int sounds = game.Sounds("");
     EXPECT_EQ(game.Told(), game.Word("TimeUp"));
-    game.Table.Key(Space);
-    game.Table.Click(game.At(ButtonPlace));
-    EXPECT_TRUE(game.Table.UntilStill());
-    EXPECT_EQ(game.Table.Score(), score);
+    game.Key(Space);
+    game.Click(game.At(ButtonPlace));
+    EXPECT_TRUE(game.UntilStill());
+    EXPECT_EQ(game.Score(), score);
     EXPECT_EQ(game.Sounds(""), sounds);
     EXPECT_FALSE(game.IsOver());
 }
@@ -278,7 +219,7 @@ TEST(HoldBack, ALevelOutOfRangePlaysAsTheNearest)
 {
     PlayedGame game(100);
     const auto told = [&](int level) {
-        game.Table.Start(level);
+        game.Start(level);
         return game.Name();
     };
     EXPECT_EQ(told(99), told(7));
@@ -323,9 +264,8 @@ TEST(HoldBack, EveryWordOfItsOwnIsThereInBothLanguages)
             for (const char *word : HoldShapes::Words(family, kind)) words.push_back(word);
     }
     for (const char *name : words) {
-        EXPECT_FALSE(game.Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty())
-            << name;
-        EXPECT_FALSE(game.Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
+        EXPECT_FALSE(game.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
+        EXPECT_FALSE(game.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
     }
 }
 
@@ -351,31 +291,29 @@ TEST(HoldBack, PicturesDifferBetweenItsParts)
         if (row.level != 1 && !qEnvironmentVariableIsSet("NOGGLE_PICTURES")) break; // nobody looks
         PlayedGame game(25);
         const QString name = QStringLiteral("hold-") + QLatin1String(row.name);
-        game.Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        game.Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
-        game.Table.Resize(row.size);
-        game.Start(row.level);
-        const QImage intro = game.Table.Picture();
-        game.Table.Keep(name + QStringLiteral("-1-intro"));
+        game.GiveLook(row.dark);
+        game.Resize(row.size);
+        game.Begin(row.level);
+        const QImage intro = game.Picture();
+        game.Keep(name + QStringLiteral("-1-intro"));
         ASSERT_TRUE(game.PlayToA(false));
         Stage::Turn(60);
-        const QImage shown = game.Table.Picture();
-        game.Table.Keep(name + QStringLiteral("-2-shown"));
-        game.Table.Key(Space);
-        const QImage pressed = game.Table.Picture();
-        game.Table.Keep(name + QStringLiteral("-3-pressed"));
+        const QImage shown = game.Picture();
+        game.Keep(name + QStringLiteral("-2-shown"));
+        game.Key(Space);
+        const QImage pressed = game.Picture();
+        game.Keep(name + QStringLiteral("-3-pressed"));
         ASSERT_TRUE(game.Sees([&] { return game.Sounds("wrong") > 0; }));
-        game.Table.Keep(name + QStringLiteral("-4-missed"));
+        game.Keep(name + QStringLiteral("-4-missed"));
         ASSERT_TRUE(game.PlayToA(true));
-        game.Table.Key(Space);
+        game.Key(Space);
         Stage::Turn(60);
-        const QImage slip = game.Table.Picture();
-        game.Table.Keep(name + QStringLiteral("-5-slip"));
+        const QImage slip = game.Picture();
+        game.Keep(name + QStringLiteral("-5-slip"));
         EXPECT_NE(intro, shown);
         EXPECT_NE(shown, pressed);
         EXPECT_NE(pressed, slip);
-        game.Table.Game->Message(QStringLiteral("timeup"));
-        game.Table.Keep(name + QStringLiteral("-6-timeup"));
+        game.Game->Message(QStringLiteral("timeup"));
+        game.Keep(name + QStringLiteral("-6-timeup"));
     }
 }
