@@ -59,7 +59,7 @@ bool QuietArea::Judge(int Choice)
 
 bool QuietArea::ShowsRightPile() const
 {
-    return Chosen() && !WasRight() && (Telling() < m_Rules->HintPart() || TimeIsUp());
+    return Chosen() && !WasRight() && (Telling() <= m_Rules->HintPart() || TimeIsUp());
 }
 
 QString QuietArea::Line() const

@@ -129,8 +129,10 @@ struct Entry
     const char *component;
     void (*play)(Hands &, const Stamina &, const Board &);
 };
-constexpr std::array Table{Entry{"LanternRow", PlayLanternRow}, Entry{"OddStone", PlayOddStone},
-                           Entry{"ScaleTip", PlayScaleTip}, Entry{"TallyRush", PlayTallyRush}};
+constexpr std::array Table{
+    Entry{"LanternRow", PlayLanternRow}, Entry{"NinthTile", PlayNinthTile}, Entry{"OddStone", PlayOddStone},
+    Entry{"QuietRule", PlayQuietRule},   Entry{"ScaleTip", PlayScaleTip},   Entry{"TallyRush", PlayTallyRush},
+};
 } // namespace
 
 void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed)

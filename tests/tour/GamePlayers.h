@@ -37,4 +37,6 @@ bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const 
 
 // Players of one game each, in files of their own.
 void PlayOddStone(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayNinthTile(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayQuietRule(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayScaleTip(Hands &hands, const Stamina &stamina, const Board &board);
