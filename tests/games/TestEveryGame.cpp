@@ -1,0 +1,111 @@
+// What holds for every delivered game alike, at its first, middle and last level.
+#include "platform/Files.h"
+#include "services/modIniFile.h"
+#include "tests/games/stage/Stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QPainter>
+
+#include <ostream>
+
+namespace
+{
+QString Setting(const QString &folder, const char *name)
+{
+    return ReadIniString(QStringLiteral("config"), QLatin1String(name), {},
+                         folder + QStringLiteral("GameSettings.ini"));
+}
+
+std::vector<std::string> Delivered()
+{
+    std::vector<std::string> names;
+    const QDir dist(QStringLiteral(NOGGLE_DIST_FOLDER));
+    for (const QString &name : dist.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (QFile::exists(dist.filePath(name) + QStringLiteral("/GameSettings.ini")))
+            names.push_back(name.toStdString());
+    return names;
+}
+
+class EveryGame : public testing::TestWithParam<std::string>
+{
+protected:
+    EveryGame() { SetProgramFolder(QStringLiteral(NOGGLE_DIST_FOLDER)); } // shared components are there
+    ~EveryGame() override { SetProgramFolder({}); }
+
+    const QString Name = QString::fromStdString(GetParam());
+    const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER) + Name + u'/';
+    const QString Class = Setting(Folder, "component") + QStringLiteral(".GameArea");
+    const int Last = std::max(1, Setting(Folder, "levels").toInt());
+    const std::vector<std::pair<const char *, int>> Levels{{"first", 1}, {"middle", (Last + 1) / 2}, {"last", Last}};
+};
+
+// The part of the picture that is not the stage's own ground.
+double Drawn(Stage &table)
+{
+    const QImage picture = table.Picture();
+    QImage ground(picture.size(), QImage::Format_RGB32);
+    ground.setDevicePixelRatio(picture.devicePixelRatio());
+    QPainter painter(&ground);
+    table.Framework->DrawBackground(&painter);
+    painter.end();
+    int other = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) other += picture.pixel(x, y) != ground.pixel(x, y) ? 1 : 0;
+    return static_cast<double>(other) / (picture.width() * picture.height());
+}
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Games, EveryGame, testing::ValuesIn(Delivered()), [](const auto &game) {
+    std::string name = game.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+TEST_P(EveryGame, ShowsItselfAndTellsWhatItAsksForAtEachLevel)
+{
+    for (const auto &[which, level] : Levels) {
+        SCOPED_TRACE(which);
+        Stage table(Class, WithSeed(Folder, 7), {620, 420});
+        table.Start(level);
+        EXPECT_GT(Drawn(table), 0.03);
+        EXPECT_FALSE(table.Game->Control()->accessibleName().isEmpty());
+        EXPECT_EQ(table.Score(), 0);
+        table.Keep(QStringLiteral("game-%1-%2").arg(Name, QLatin1String(which)));
+    }
+}
+
+TEST_P(EveryGame, LooksTheSameAgainForOneSeedAndLevel)
+{
+    const auto told = [this] {
+        Stage table(Class, WithSeed(Folder, 7), {620, 420});
+        table.Start(Last);
+        return table.Game->Control()->accessibleName();
+    };
+    EXPECT_EQ(told(), told());
+}
+
+TEST_P(EveryGame, HasItsWordsInGermanToo)
+{
+    const QString settings = Folder + QStringLiteral("GameSettings.ini");
+    QFile file(settings);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    const QString words = text.section(QStringLiteral("[default]"), 1).section(u'[', 0, 0);
+    int count = 0;
+    for (const QString &line : words.split(u'\n', Qt::SkipEmptyParts)) {
+        const QString name = line.section(u'=', 0, 0).trimmed();
+        if (name.isEmpty() || name.startsWith(u';')) continue;
+        ++count;
+        EXPECT_FALSE(ReadIniString(QStringLiteral("1"), name, {}, settings).isEmpty()) << qPrintable(name);
+    }
+    EXPECT_GT(count, 3);
+}
+
+TEST_P(EveryGame, ExplainsItselfWithAPicture)
+{
+    QFile file(Folder + QStringLiteral("Instructions.rtf"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("\\pngblip"));
+}
