@@ -22,20 +22,23 @@ constexpr std::array<LevelPlan, EchoRules::Levels> Plans{{
     {3, true, 2300, 21},
     {3, true, 1900, 27},
 }};
-constexpr int OneEchoOf = 3;          // judged steps
-constexpr double FalsePress = -0.5;   // there are two other steps for an echo
-constexpr double WholeSet = 1.25;     // of par
-constexpr int LongestRunOfEchoes = 3; // so that waiting is worth it
-constexpr int OneNearMissOf = 4;      // of the steps that are no echoes: what was there one step sooner or later
+constexpr int OneEchoOf = 3;        // judged steps
+constexpr double FalsePress = -0.5; // there are two other steps for an echo
+constexpr double WholeSet = 1.25;   // of par
+constexpr int LongestRunOfEchoes = 3;
+constexpr int LongestWait = 5;   // judged steps without an echo
+constexpr int OneNearMissOf = 4; // of the steps that are no echoes: what was there one step sooner or later
 
 const LevelPlan &PlanOf(int level) { return Plans.at(static_cast<std::size_t>(level - 1)); }
 
 bool HasLongRun(const std::vector<int> &echoes)
 {
     int run = 0;
+    int before = -1;
     for (const int echo : echoes) {
-        run = echo != 0 ? run + 1 : 0;
-        if (run > LongestRunOfEchoes) return true;
+        run = echo == before ? run + 1 : 1;
+        before = echo;
+        if (run > (echo != 0 ? LongestRunOfEchoes : LongestWait)) return true;
     }
     return false;
 }

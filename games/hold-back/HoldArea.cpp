@@ -44,6 +44,12 @@ void PaintCard(QPainter &painter, const QRectF &box, const QColor &ground, const
     painter.drawRoundedRect(box, Corner, Corner);
 }
 
+QColor Mixed(const QColor &from, const QColor &to, double share)
+{
+    const auto part = [share](int one, int other) { return qRound(one + share * (other - one)); };
+    return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
+}
+
 // Eight corners, as the sign on the road has them.
 QPolygonF StopSign(QPointF centre, double half)
 {
@@ -271,11 +277,13 @@ void HoldArea::PaintStage(QPainter &painter) const
     if (m_Part != Part::Shown) return PaintVerdict(painter);
     const double presence = Presence();
     const bool pressed = m_PressedAt >= 0;
+    // mixed rather than see-through: an outline over its own fill would show
+    PaintShape(painter, Stage.center(), (pressed ? 136 : 150) * (0.85 + 0.15 * presence), m_Present.Kind,
+               Mixed(Colours().ground, HoldShapes::Tint(m_Present.Tint, Dark()), presence));
+    if (!pressed) return;
     painter.save();
     painter.setOpacity(presence);
-    PaintShape(painter, Stage.center(), (pressed ? 136 : 150) * (0.85 + 0.15 * presence), m_Present.Kind,
-               HoldShapes::Tint(m_Present.Tint, Dark()));
-    if (pressed) Marks::DrawRight(painter, {Stage.right() - 32, Stage.top() + 32}, 40);
+    Marks::DrawRight(painter, {Stage.right() - 32, Stage.top() + 32}, 40);
     painter.restore();
 }
 

@@ -129,13 +129,18 @@ TEST_P(EchoLevel, WhoKnowsMoreNeverScoresLess)
     }
 }
 
-TEST_P(EchoLevel, EchoesDoNotFollowOneAnotherForLong)
+TEST_P(EchoLevel, NeitherEchoesNorOtherStepsFollowOneAnotherForLong)
 {
     for (std::uint32_t seed = 0; seed < 300; ++seed) {
         EchoRules rules(GetParam(), seed);
-        for (int run = 0; !rules.Set().Over(); rules.Next()) {
-            run = rules.IsEcho(EchoRules::Place) ? run + 1 : 0;
-            ASSERT_LE(run, 3);
+        int echoes = 0;
+        int others = 0;
+        for (; !rules.Set().Over(); rules.Next()) {
+            const bool echo = rules.IsEcho(EchoRules::Place);
+            echoes = echo ? echoes + 1 : 0;
+            others = echo || !rules.IsJudged() ? 0 : others + 1;
+            ASSERT_LE(echoes, 3);
+            ASSERT_LE(others, 5);
             rules.Close();
         }
     }
