@@ -130,8 +130,9 @@ struct Entry
     void (*play)(Hands &, const Stamina &, const Board &);
 };
 constexpr std::array Table{
-    Entry{"LanternRow", PlayLanternRow}, Entry{"NinthTile", PlayNinthTile}, Entry{"OddStone", PlayOddStone},
-    Entry{"QuietRule", PlayQuietRule},   Entry{"ScaleTip", PlayScaleTip},   Entry{"TallyRush", PlayTallyRush},
+    Entry{"EchoStep", PlayEchoStep},   Entry{"HoldBack", PlayHoldBack},   Entry{"LanternRow", PlayLanternRow},
+    Entry{"NinthTile", PlayNinthTile}, Entry{"OddStone", PlayOddStone},   Entry{"QuietRule", PlayQuietRule},
+    Entry{"ScaleTip", PlayScaleTip},   Entry{"TallyRush", PlayTallyRush},
 };
 } // namespace
 

@@ -36,7 +36,9 @@ void GiveSeeds(const QString &ProgramFolder, std::uint32_t Seed = Board().Seed);
 bool PlayGame(const QString &Component, const Board &Board, Hands &Hands, const Stamina &Stamina);
 
 // Players of one game each, in files of their own.
-void PlayOddStone(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayEchoStep(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayHoldBack(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayNinthTile(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayOddStone(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayQuietRule(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayScaleTip(Hands &hands, const Stamina &stamina, const Board &board);
