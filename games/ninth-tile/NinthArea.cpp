@@ -56,6 +56,14 @@ std::vector<QRectF> NinthArea::Places() const
                       : Grid(OfferedBox, count, 3, SmallSize, OfferedGap);
 }
 
+// Who hears the game is told the right tile where others see it.
+bool NinthArea::Judge(int Choice)
+{
+    const bool right = m_Rules->Answer(Choice);
+    if (!right) setAccessibleName(QStringLiteral("%1: %2").arg(Word("RightTile")).arg(m_Rules->Item().Right + 1));
+    return right;
+}
+
 QString NinthArea::Line() const
 {
     if (!Chosen()) return Word("Hint");

@@ -17,7 +17,7 @@ protected:
     int Level() const override { return m_Rules->Level(); }
     const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
-    bool Judge(int Choice) override { return m_Rules->Answer(Choice); }
+    bool Judge(int Choice) override;
     void Next() override { m_Rules->Next(); }
     void PaintTable(QPainter &Painter) override;
     void PaintOverRing(QPainter &Painter) override;

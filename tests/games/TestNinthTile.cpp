@@ -130,7 +130,9 @@ TEST_F(NinthTile, AWrongAnswerShowsWhatWasRightAndTakesNoOther)
 {
     Start(3);
     const QImage before = Table.Picture();
+    const QString fitting = QStringLiteral("%1: %2").arg(Word("RightTile")).arg(RightOne() + 1);
     AnswerByKey(WrongOne());
+    EXPECT_EQ(Told(), fitting);
     EXPECT_EQ(Sounds("wrong"), 1);
     EXPECT_EQ(Verdict(), Word("Wrong"));
     EXPECT_NE(Table.Picture(), before);
@@ -252,9 +254,9 @@ TEST_F(NinthTile, StandsStillWhileNothingMoves)
 TEST_F(NinthTile, EveryWordOfItsOwnIsThereInBothLanguages)
 {
     for (const char *name :
-         {"Name",  "Hint",  "Right",  "Wrong", "TimeUp",  "Points",      "Level",      "Heart",
-          "Drop",  "House", "Arrow",  "Dome",  "Crown",   "Open",        "Striped",    "Dotted",
-          "Solid", "Small", "Medium", "Large", "Upright", "TurnedRight", "UpsideDown", "TurnedLeft"}) {
+         {"Name",  "Hint",   "Right", "Wrong",   "RightTile",   "TimeUp",     "Points",    "Level",  "Heart",
+          "Drop",  "House",  "Arrow", "Dome",    "Crown",       "Open",       "Striped",   "Dotted", "Solid",
+          "Small", "Medium", "Large", "Upright", "TurnedRight", "UpsideDown", "TurnedLeft"}) {
         EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
         EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
     }
