@@ -329,21 +329,37 @@ constexpr ModelPlayer Learner{1.5, 0.009, 0.030, 0.5, 0.86, 0.82};
 constexpr double Limit = 60;                        // [s]
 constexpr double RightTime = 0.45, WrongTime = 2.6; // [s] for which an answer is told
 
+/// The items of a session: each player gets the same ones.
+const std::vector<TurnItem> &ItemsOf(int level, std::uint32_t seed)
+{
+    static int known = 0;
+    static std::map<std::uint32_t, std::vector<TurnItem>> sets;
+    if (known != level) sets.clear();
+    known = level;
+    auto &items = sets[seed];
+    if (!items.empty()) return items;
+    TurnRules rules(level, seed);
+    for (; !rules.Set().Over(); rules.Next()) {
+        items.push_back(rules.Item());
+        rules.Judge(true);
+    }
+    return items;
+}
+
 template <typename Answer>
 Model::Session Play(int level, std::uint32_t seed, Answer answer)
 {
-    TurnRules rules(level, seed);
+    Rounds set = TurnRules(level, seed).Set();
     double time = 0;
-    while (!rules.Set().Over()) {
-        const auto [choice, thought] = answer(rules.Item());
+    for (const TurnItem &item : ItemsOf(level, seed)) {
+        const auto [choice, thought] = answer(item);
         time += thought;
         if (time > Limit) break;
-        const bool right = rules.Judge(choice);
-        if (rules.Set().Over()) break;
-        time += right ? RightTime : WrongTime;
-        rules.Next();
+        const bool right = choice == item.IsMirror;
+        set.Add(right, right ? 1 : -TurnRules::Mistake);
+        if (!set.Over()) time += right ? RightTime : WrongTime;
     }
-    return {rules.Set().Points(), time};
+    return {set.Points(), time};
 }
 
 double MedianOf(const ModelPlayer &player, int level)
