@@ -130,9 +130,10 @@ struct Entry
     void (*play)(Hands &, const Stamina &, const Board &);
 };
 constexpr std::array Table{
-    Entry{"EchoStep", PlayEchoStep},   Entry{"HoldBack", PlayHoldBack},   Entry{"LanternRow", PlayLanternRow},
-    Entry{"NinthTile", PlayNinthTile}, Entry{"OddStone", PlayOddStone},   Entry{"QuietRule", PlayQuietRule},
-    Entry{"ScaleTip", PlayScaleTip},   Entry{"TallyRush", PlayTallyRush},
+    Entry{"EchoStep", PlayEchoStep},         Entry{"HoldBack", PlayHoldBack}, Entry{"LanternRow", PlayLanternRow},
+    Entry{"NinthTile", PlayNinthTile},       Entry{"OddStone", PlayOddStone}, Entry{"PunchedFold", PlayPunchedFold},
+    Entry{"QuietRule", PlayQuietRule},       Entry{"ScaleTip", PlayScaleTip}, Entry{"TallyRush", PlayTallyRush},
+    Entry{"TurnOrMirror", PlayTurnOrMirror},
 };
 } // namespace
 

@@ -40,5 +40,7 @@ void PlayEchoStep(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayHoldBack(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayNinthTile(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayOddStone(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayPunchedFold(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayQuietRule(Hands &hands, const Stamina &stamina, const Board &board);
 void PlayScaleTip(Hands &hands, const Stamina &stamina, const Board &board);
+void PlayTurnOrMirror(Hands &hands, const Stamina &stamina, const Board &board);
