@@ -47,20 +47,13 @@ double StoneArea::StoneWidth() const
 
 void StoneArea::ItemShown()
 {
-    const QSizeF place = Offered().Places().front().size();
     SeededRandom random(m_Rules->Item().Scatter);
     const auto share = [&] { return ShiftShare * random.Between(-100, 100) / 100.0; };
-    m_Shifts.clear();
-    for (std::size_t i = 0; i < m_Rules->Item().Stones.size(); ++i) {
+    m_Centres.clear();
+    for (const QRectF &place : Offered().Places()) {
         const double across = share() * place.width();
-        m_Shifts.emplace_back(across, share() * place.height());
+        m_Centres.push_back(place.center() + QPointF(across, share() * place.height()));
     }
-}
-
-QPointF StoneArea::CentreOf(int stone) const
-{
-    const auto at = static_cast<std::size_t>(stone);
-    return Offered().Places()[at].center() + m_Shifts[at];
 }
 
 std::optional<int> StoneArea::ChoiceOf(int Key)
@@ -97,21 +90,20 @@ QString StoneArea::Line() const { return Word(!Chosen() ? "Hint" : WasRight() ? 
 
 void StoneArea::PaintTable(QPainter &Painter)
 {
+    constexpr double Raised = 1.08; // under the pointer
     StoneDrawing::DrawSand(Painter, Bed, Dark());
-    const int count = static_cast<int>(m_Rules->Item().Stones.size());
-    for (int stone = 0; stone < count; ++stone) PaintStone(Painter, stone);
+    StoneDrawing::DrawStones(Painter, m_Rules->Item().Stones, m_Centres, StoneWidth(), Dark());
+    if (Running() && !Chosen() && Offered().Over()) PaintStone(Painter, *Offered().Over(), Raised);
     if (!Chosen()) return;
     StoneDrawing::DrawMist(Painter, Bed, Dark());
-    PaintStone(Painter, m_Rules->Item().Odd);
-    PaintStone(Painter, *Chosen());
+    PaintStone(Painter, m_Rules->Item().Odd, 1);
+    PaintStone(Painter, *Chosen(), 1);
     PaintTold(Painter);
 }
 
-void StoneArea::PaintStone(QPainter &painter, int stone) const
+void StoneArea::PaintStone(QPainter &painter, int stone, double grown) const
 {
-    constexpr double Raised = 1.08; // under the pointer
-    const bool isOver = Running() && !Chosen() && Offered().Over() == stone;
-    StoneDrawing::DrawStone(painter, CentreOf(stone), StoneWidth() * (isOver ? Raised : 1),
+    StoneDrawing::DrawStone(painter, CentreOf(stone), StoneWidth() * grown,
                             m_Rules->Item().Stones[static_cast<std::size_t>(stone)], Dark());
 }
 

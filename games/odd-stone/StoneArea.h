@@ -28,10 +28,10 @@ protected:
 private:
     QString InWords(int stone) const;
     double StoneWidth() const;
-    QPointF CentreOf(int stone) const;
-    void PaintStone(QPainter &painter, int stone) const;
+    QPointF CentreOf(int stone) const { return m_Centres[static_cast<std::size_t>(stone)]; }
+    void PaintStone(QPainter &painter, int stone, double grown) const;
     void PaintTold(QPainter &painter) const;
 
     std::unique_ptr<StoneRules> m_Rules;
-    std::vector<QPointF> m_Shifts; // from the middles of their places
+    std::vector<QPointF> m_Centres; // of the present stones
 };
