@@ -254,9 +254,10 @@ void HoldArea::PaintOthers(QPainter &painter) const
     const double pitch = (OthersCard.width() - 20) / columns;
     for (int kind = 0, at = 0; kind <= others; ++kind) {
         if (kind == m_Rules->StopKind()) continue;
-        const int inRow = std::min(columns, others - at / columns * columns);
+        const int row = at / columns;
+        const int inRow = std::min(columns, others - row * columns);
         const QPointF centre(OthersCard.center().x() + (at % columns - (inRow - 1) / 2.0) * pitch,
-                             OthersCard.top() + 48 + (at / columns - (rows - 1) / 2.0) * 34);
+                             OthersCard.top() + 48 + (row - (rows - 1) / 2.0) * 34);
         PaintShape(painter, centre, size, kind, Colours().faint);
         ++at;
     }
