@@ -100,11 +100,8 @@ constexpr double RightTime = 0.6, WrongTime = 3.2; // [s] for which an answer is
 /// The items of a session: each player gets the same ones.
 const std::vector<FoldItem> &ItemsOf(int level, std::uint32_t seed)
 {
-    static int known = 0;
-    static std::map<std::uint32_t, std::vector<FoldItem>> sets;
-    if (known != level) sets.clear();
-    known = level;
-    auto &items = sets[seed];
+    static std::map<std::pair<int, std::uint32_t>, std::vector<FoldItem>> sets;
+    auto &items = sets[{level, seed}];
     if (!items.empty()) return items;
     FoldRules rules(level, seed);
     for (; !rules.Set().Over(); rules.Next()) {
@@ -117,7 +114,12 @@ const std::vector<FoldItem> &ItemsOf(int level, std::uint32_t seed)
 template <typename Answer>
 Model::Session Play(int level, std::uint32_t seed, Answer answer)
 {
-    Rounds set = FoldRules(level, seed).Set();
+    static const auto empty = [] {
+        std::vector<Rounds> sets;
+        for (int i = 1; i <= FoldRules::Levels; ++i) sets.push_back(FoldRules(i, 0).Set());
+        return sets;
+    }();
+    Rounds set = empty.at(static_cast<std::size_t>(level - 1));
     double time = 0;
     for (const FoldItem &item : ItemsOf(level, seed)) {
         const auto [choice, thought] = answer(item);
