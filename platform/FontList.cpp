@@ -5,7 +5,19 @@
 
 #include <future>
 
-void PrepareFontList() { static const std::future<FcBool> reading = std::async(std::launch::async, FcInit); }
+namespace
+{
+std::shared_future<FcBool> reading;
+} // namespace
+
+void PrepareFontList() { reading = std::async(std::launch::async, FcInit); }
+
+void AwaitFontList()
+{
+    const std::shared_future<FcBool> begun = reading;
+    if (begun.valid()) begun.wait();
+}
 #else
 void PrepareFontList() {}
+void AwaitFontList() {}
 #endif

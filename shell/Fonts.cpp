@@ -1,5 +1,7 @@
 #include "shell/Fonts.h"
 
+#include "platform/FontList.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
@@ -16,6 +18,7 @@ std::future<bool> hasInter;
 // which takes longer than all fonts did to be listed. Where two makers have one, theirs follow in brackets.
 bool IsThere(const QString &Family)
 {
+    AwaitFontList();
     const QStringList families = QFontDatabase::families();
     return std::any_of(families.begin(), families.end(), [&](const QString &family) {
         return family == Family || family.startsWith(Family + QStringLiteral(" ["));
