@@ -40,7 +40,9 @@ void DrawTrait(QPainter &painter, QPointF centre, EchoRules::Trait trait, const 
     painter.setPen(Stroke(ink, 2));
     for (int place = 0; place < EchoRules::Places; ++place) {
         painter.setBrush(place == 5 ? QBrush(ink) : QBrush(Qt::NoBrush));
-        painter.drawEllipse(centre + QPointF((place % 3 - 1) * 19, (static_cast<double>(place / 3) - 1) * 17), 7, 6);
+        const int column = place % 3 - 1;
+        const int row = place / 3 - 1;
+        painter.drawEllipse(centre + QPointF(column * 19, row * 17), 7, 6);
     }
 }
 

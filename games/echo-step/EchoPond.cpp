@@ -59,8 +59,9 @@ QRectF EchoPond::Stone(int Place) const
     const QRectF inner = m_Place.adjusted(Shore, Shore, -Shore, -Shore);
     const double width = inner.width() / Columns;
     const double height = inner.height() / Columns;
-    const QPointF centre(inner.left() + (Place % Columns + 0.5) * width,
-                         inner.top() + (static_cast<double>(Place / Columns) + 0.5) * height);
+    const int column = Place % Columns;
+    const int row = Place / Columns;
+    const QPointF centre(inner.left() + (column + 0.5) * width, inner.top() + (row + 0.5) * height);
     const QSizeF size(width * Across, height * Down);
     return {centre - QPointF(size.width() / 2, size.height() / 2), size};
 }

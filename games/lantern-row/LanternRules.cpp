@@ -44,7 +44,7 @@ int LanternRules::Points() const
 {
     int all = 0;
     for (int round = 0; round < Rounds(); ++round) all += LengthOf(round);
-    return 125 * m_Earned / all;
+    return all > 0 ? 125 * m_Earned / all : 0;
 }
 
 void LanternRules::Next()

@@ -109,3 +109,15 @@ TEST_P(EveryGame, ExplainsItselfWithAPicture)
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().contains("\\pngblip"));
 }
+
+TEST_P(EveryGame, ItsFolderIsComplete)
+{
+    for (const char *file : {"Instructions.rtf", "sounds/wrong.wav", "sounds/done.wav"})
+        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
+    const bool isQuestionSet = Setting(Folder, "component") == u"Questions";
+    EXPECT_EQ(FileExists(Folder + Name + QStringLiteral(".so")), !isQuestionSet);
+    EXPECT_EQ(FileExists(Folder + QStringLiteral("Questions.txt")), isQuestionSet);
+    EXPECT_EQ(Setting(Folder, "category").isEmpty(), isQuestionSet) << "question sets stay out of the workout";
+    EXPECT_FALSE(Setting(Folder, "timelimit").isEmpty());
+    for (const char *ofTests : {"seed", "pace"}) EXPECT_TRUE(Setting(Folder, ofTests).isEmpty()) << ofTests;
+}

@@ -163,10 +163,7 @@ TEST_F(LanternRow, TheLastRoundEndsTheSessionAtOnce)
 
 TEST_F(LanternRow, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name : {"Name", "Watch", "Same", "Backward", "Right", "Wrong", "Points", "Level", "TimeUp"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
+    Table.ExpectWords({"Name", "Watch", "Same", "Backward", "Right", "Wrong", "Points", "Level", "TimeUp"});
 }
 
 TEST_F(LanternRow, HasASoundForEveryStepOfEveryField)
@@ -187,9 +184,7 @@ TEST_F(LanternRow, PicturesDifferBetweenItsParts)
     for (const Row &row : {Row{"designed", {632, 440}, 1, 3, 3, false}, Row{"dark", {632, 440}, 8, 4, 4, true},
                            Row{"small", {380, 290}, 3, 4, 3, false}, Row{"large", {1600, 1000}, 4, 4, 3, true}}) {
         const QString name = QStringLiteral("lantern-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Columns = row.columns;
         Rows = row.rows;
         Table.Resize(row.size);

@@ -1,5 +1,4 @@
 #include "games/ninth-tile/NinthRules.h"
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
 #include "tests/games/stage/Stage.h"
 
@@ -253,22 +252,10 @@ TEST_F(NinthTile, StandsStillWhileNothingMoves)
 
 TEST_F(NinthTile, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name :
-         {"Name",  "Hint",   "Right", "Wrong",   "RightTile",   "TimeUp",     "Points",    "Level",  "Heart",
-          "Drop",  "House",  "Arrow", "Dome",    "Crown",       "Open",       "Striped",   "Dotted", "Solid",
-          "Small", "Medium", "Large", "Upright", "TurnedRight", "UpsideDown", "TurnedLeft"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
-}
-
-TEST_F(NinthTile, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "ninth-tile.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
-    EXPECT_EQ(Table.Framework->GetSetting(QStringLiteral("config"), QStringLiteral("component")),
-              QStringLiteral("NinthTile"));
+    Table.ExpectWords({"Name",    "Hint",        "Right",      "Wrong",     "RightTile", "TimeUp", "Points",
+                       "Level",   "Heart",       "Drop",       "House",     "Arrow",     "Dome",   "Crown",
+                       "Open",    "Striped",     "Dotted",     "Solid",     "Small",     "Medium", "Large",
+                       "Upright", "TurnedRight", "UpsideDown", "TurnedLeft"});
 }
 
 TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
@@ -286,9 +273,7 @@ TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
           Row{"last", {620, 420}, 10, false}, Row{"dark", {620, 420}, 9, true}, Row{"dark5", {620, 420}, 5, true},
           Row{"large", {1600, 1000}, 8, false}, Row{"small", {380, 290}, 10, false}}) {
         const QString name = QStringLiteral("ninth-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Start(row.level);
         const QImage fresh = Table.Picture();

@@ -1,7 +1,6 @@
 #include "games/odd-stone/StoneRules.h"
 #include "tests/games/stage/Stage.h"
 
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
 
 #include <gtest/gtest.h>
@@ -249,22 +248,9 @@ TEST_F(OddStone, ALevelOutOfRangePlaysAsTheNearest)
 
 TEST_F(OddStone, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name : {"Name",     "Hint",      "Right",      "Wrong",  "Stones", "Stone",   "Circle", "Square",
-                             "Triangle", "Hexagon",   "Pentagon",   "Oval",   "Plain",  "Striped", "Dotted", "Ringed",
-                             "Small",    "LeansLeft", "LeansRight", "Points", "Level",  "TimeUp"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
-}
-
-TEST_F(OddStone, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "odd-stone.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
-    EXPECT_TRUE(ReadFile(Folder + QStringLiteral("Instructions.rtf")).contains("\\pngblip"));
-    EXPECT_TRUE(
-        PlayedFramework::Install(Folder)->GetSetting(QStringLiteral("config"), QStringLiteral("seed")).isEmpty());
+    Table.ExpectWords({"Name",     "Hint",      "Right",      "Wrong",  "Stones", "Stone",   "Circle", "Square",
+                       "Triangle", "Hexagon",   "Pentagon",   "Oval",   "Plain",  "Striped", "Dotted", "Ringed",
+                       "Small",    "LeansLeft", "LeansRight", "Points", "Level",  "TimeUp"});
 }
 
 TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
@@ -281,9 +267,7 @@ TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
           Row{"plain", {620, 420}, 8, true}, Row{"last", {620, 420}, 9, false}, Row{"large", {1600, 1000}, 9, true},
           Row{"large-middle", {1600, 1000}, 5, false}, Row{"small", {380, 290}, 3, true}}) {
         const QString name = QStringLiteral("stone-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Start(row.level);
         Table.Key(Right);

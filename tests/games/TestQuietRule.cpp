@@ -1,5 +1,4 @@
 #include "games/quiet-rule/QuietRules.h"
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
 #include "tests/games/stage/Stage.h"
 
@@ -265,22 +264,10 @@ TEST_F(QuietRule, StandsStillWhileNothingMoves)
 
 TEST_F(QuietRule, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name :
-         {"Name",    "Hint",    "Right",  "Wrong",   "RightPile", "ItGoesBy", "TimeUp",  "Points", "Level",
-          "ByShape", "ByCount", "ByFill", "ByEdge",  "Star",      "Flower",   "Diamond", "Moon",   "Open",
-          "Striped", "Dotted",  "Solid",  "Rounded", "Cut",       "Scooped",  "Stamped"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
-}
-
-TEST_F(QuietRule, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "quiet-rule.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
-    EXPECT_EQ(Table.Framework->GetSetting(QStringLiteral("config"), QStringLiteral("component")),
-              QStringLiteral("QuietRule"));
+    Table.ExpectWords({"Name",    "Hint",    "Right",   "Wrong",   "RightPile", "ItGoesBy", "TimeUp",
+                       "Points",  "Level",   "ByShape", "ByCount", "ByFill",    "ByEdge",   "Star",
+                       "Flower",  "Diamond", "Moon",    "Open",    "Striped",   "Dotted",   "Solid",
+                       "Rounded", "Cut",     "Scooped", "Stamped"});
 }
 
 TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
@@ -298,9 +285,7 @@ TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
           Row{"dark", {620, 420}, 7, true}, Row{"dark1", {620, 420}, 2, true}, Row{"large", {1600, 1000}, 5, false},
           Row{"small", {380, 290}, 7, false}}) {
         const QString name = QStringLiteral("quiet-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Start(row.level);
         const QImage fresh = Table.Picture();

@@ -1,7 +1,6 @@
 #include "games/scale-tip/ScaleRules.h"
 #include "tests/games/stage/Stage.h"
 
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
 
 #include <gtest/gtest.h>
@@ -232,21 +231,8 @@ TEST_F(ScaleTip, ALevelOutOfRangePlaysAsTheNearest)
 
 TEST_F(ScaleTip, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name :
-         {"Name", "Hint", "Right", "Wrong", "LeftSide", "RightSide", "Dots", "Points", "Level", "TimeUp"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
-}
-
-TEST_F(ScaleTip, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "scale-tip.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
-    EXPECT_TRUE(ReadFile(Folder + QStringLiteral("Instructions.rtf")).contains("\\pngblip"));
-    EXPECT_TRUE(
-        PlayedFramework::Install(Folder)->GetSetting(QStringLiteral("config"), QStringLiteral("seed")).isEmpty());
+    Table.ExpectWords(
+        {"Name", "Hint", "Right", "Wrong", "LeftSide", "RightSide", "Dots", "Points", "Level", "TimeUp"});
 }
 
 TEST_F(ScaleTip, PicturesDifferBetweenRightWrongAndTimeUp)
@@ -263,9 +249,7 @@ TEST_F(ScaleTip, PicturesDifferBetweenRightWrongAndTimeUp)
           Row{"sums", {620, 420}, 6, true}, Row{"last", {620, 420}, 8, true}, Row{"large", {1600, 1000}, 4, false},
           Row{"large-last", {1600, 1000}, 8, true}, Row{"small", {380, 290}, 7, false}}) {
         const QString name = QStringLiteral("scale-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Start(row.level);
         QTest::mouseMove(Table.Game->Control(), Side(1));

@@ -1,6 +1,5 @@
 #include "tests/games/stage/Stage.h"
 
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
 
 #include <gtest/gtest.h>
@@ -245,19 +244,7 @@ TEST_F(TallyRush, ASeedInTheSettingsFileMakesTheBoardKnown)
 
 TEST_F(TallyRush, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name : {"Name", "Hint", "Points", "Level", "TimeUp", "Right"}) {
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("default"), QLatin1String(name)).isEmpty()) << name;
-        EXPECT_FALSE(Table.Framework->GetSetting(QStringLiteral("1"), QLatin1String(name)).isEmpty()) << name;
-    }
-}
-
-TEST_F(TallyRush, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "tally-rush.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Folder + QLatin1String(file))) << file;
-    EXPECT_EQ(Table.Framework->GetSetting(QStringLiteral("config"), QStringLiteral("component")),
-              QStringLiteral("TallyRush"));
+    Table.ExpectWords({"Name", "Hint", "Points", "Level", "TimeUp", "Right"});
 }
 
 TEST_F(TallyRush, PicturesDifferBetweenRightWrongAndTimeUp)
@@ -273,9 +260,7 @@ TEST_F(TallyRush, PicturesDifferBetweenRightWrongAndTimeUp)
                            Row{"dark", {632, 440}, 10, true}, Row{"large", {1600, 1000}, 8, false},
                            Row{"wide", {1000, 420}, 3, true}}) {
         const QString name = QStringLiteral("tally-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Table.Start(row.level);
         const QImage fresh = Table.Picture();

@@ -225,12 +225,9 @@ TEST_F(TurnOrMirror, TellsItsItemsInWords)
 
 TEST_F(TurnOrMirror, EveryWordOfItsOwnIsThereInBothLanguages)
 {
-    for (const char *name :
-         {"Name", "Hint", "Turned", "Mirrored", "Right", "Wrong", "WasTurned", "WasMirror", "FlatTold", "SolidTold",
-          "Rightwards", "Leftwards", "Upwards", "Downwards", "Forwards", "Backwards", "Points", "Level", "TimeUp"}) {
-        for (const char *section : {"default", "1"})
-            EXPECT_FALSE(Table.Framework->GetSetting(QLatin1String(section), QLatin1String(name)).isEmpty()) << name;
-    }
+    Table.ExpectWords({"Name", "Hint", "Turned", "Mirrored", "Right", "Wrong", "WasTurned", "WasMirror", "FlatTold",
+                       "SolidTold", "Rightwards", "Leftwards", "Upwards", "Downwards", "Forwards", "Backwards",
+                       "Points", "Level", "TimeUp"});
 }
 
 TEST_F(TurnOrMirror, ItsFolderIsComplete)
@@ -260,9 +257,7 @@ TEST_F(TurnOrMirror, PicturesDifferBetweenItsParts)
           Row{"middle", {620, 420}, 5, false}, Row{"solids", {620, 420}, 6, true}, Row{"last", {620, 420}, 8, false},
           Row{"large", {1600, 1000}, 7, true}, Row{"small", {380, 290}, 8, true}}) {
         const QString name = QStringLiteral("turn-") + QLatin1String(row.name);
-        Table.Framework->Top = row.dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
-        Table.Framework->Bottom = row.dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
-        modMain::Language = row.dark ? QStringLiteral("1") : QString();
+        Table.Dress(row.dark);
         Table.Resize(row.size);
         Start(row.level);
         const QImage asked = Table.Picture();

@@ -71,6 +71,20 @@ QImage Stage::Picture()
     return picture;
 }
 
+void Stage::Dress(bool Dark) const
+{
+    Framework->Top = Dark ? QColor(0x10, 0x1a, 0x24) : QColor(0xfa, 0xfd, 0xfb);
+    Framework->Bottom = Dark ? QColor(0x1c, 0x2a, 0x3a) : QColor(0xe0, 0xf0, 0xe8);
+    modMain::Language = Dark ? QStringLiteral("1") : QString();
+}
+
+void Stage::ExpectWords(std::initializer_list<const char *> Names) const
+{
+    for (const char *name : Names)
+        for (const char *section : {"default", "1"})
+            EXPECT_FALSE(Framework->GetSetting(QLatin1String(section), QLatin1String(name)).isEmpty()) << name;
+}
+
 void Stage::Keep(const QString &Name)
 {
     const QString folder = qEnvironmentVariable("NOGGLE_PICTURES");

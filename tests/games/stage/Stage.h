@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 
 /// The delivered game's folder in a copy whose board follows from that seed; the copy goes with the program. Both
 /// folders end in a separator.
@@ -31,6 +32,10 @@ public:
     void Click(QPoint Place);
     void Resize(QSize Size);
     QImage Picture();
+    /// A light ground and the game's default words, or a dark one and German.
+    void Dress(bool Dark) const;
+    /// Each of the words is there in both languages.
+    void ExpectWords(std::initializer_list<const char *> Names) const;
     /// Writes the picture where NOGGLE_PICTURES points; nothing without it.
     void Keep(const QString &Name);
     /// Lets the event loop run, as the program's own does.
