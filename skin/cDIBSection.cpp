@@ -6,6 +6,18 @@ namespace
 {
 constexpr std::int64_t LargestBitmap = std::int64_t{1} << 30; // [bytes]
 constexpr int BytesPerPixel = 3;
+
+// Bits 0 to 3 of an operation's index are its answers where source and destination are 00, 01, 10 and 11.
+std::uint8_t Combined(std::uint32_t operation, int source, int destination)
+{
+    const std::uint32_t index = operation >> 16;
+    int result = 0;
+    if ((index & 1) != 0) result |= ~source & ~destination;
+    if ((index & 2) != 0) result |= ~source & destination;
+    if ((index & 4) != 0) result |= source & ~destination;
+    if ((index & 8) != 0) result |= source & destination;
+    return static_cast<std::uint8_t>(result);
+}
 } // namespace
 
 std::int32_t cDIBSection::BytesPerScanLine() const { return (m_tBI.biWidth * BytesPerPixel + 3) & ~3; }
@@ -44,17 +56,17 @@ void cDIBSection::CreateFromPicture(const QImage &Picture)
 }
 
 void cDIBSection::LoadPictureBlt(const QImage &Source, std::int32_t SrcX, std::int32_t SrcY, std::int32_t Width,
-                                 std::int32_t Height)
+                                 std::int32_t Height, std::uint32_t RasterOperation)
 {
     if (DIBSectionBitsPtr() == nullptr) return;
     m_Picture = QImage(); // the bits are no longer it
     if (Width < 0) Width = m_tBI.biWidth;
     if (Height < 0) Height = m_tBI.biHeight;
     const QRect wanted = QRect(SrcX, SrcY, std::min(Width, m_tBI.biWidth), std::min(Height, m_tBI.biHeight));
-    Write(Source.convertToFormat(QImage::Format_RGB32), wanted & Source.rect(), {SrcX, SrcY});
+    Write(Source.convertToFormat(QImage::Format_RGB32), wanted & Source.rect(), {SrcX, SrcY}, RasterOperation);
 }
 
-void cDIBSection::Write(const QImage &plain, const QRect &part, const QPoint &from) const
+void cDIBSection::Write(const QImage &plain, const QRect &part, const QPoint &from, std::uint32_t operation) const
 {
     for (int y = part.top(); y <= part.bottom(); ++y) {
         const int row = m_tBI.biHeight - 1 - (y - from.y()); // bottom row first
@@ -62,9 +74,10 @@ void cDIBSection::Write(const QImage &plain, const QRect &part, const QPoint &fr
                              std::size_t(part.left() - from.x()) * BytesPerPixel;
         const QRgb *pixel = reinterpret_cast<const QRgb *>(plain.constScanLine(y)) + part.left();
         for (int x = 0; x < part.width(); ++x, ++pixel) {
-            *byte++ = static_cast<std::uint8_t>(qBlue(*pixel));
-            *byte++ = static_cast<std::uint8_t>(qGreen(*pixel));
-            *byte++ = static_cast<std::uint8_t>(qRed(*pixel));
+            for (const int colour : {qBlue(*pixel), qGreen(*pixel), qRed(*pixel)}) {
+                *byte = Combined(operation, colour, *byte);
+                ++byte;
+            }
         }
     }
 }
@@ -73,7 +86,7 @@ const std::uint8_t *cDIBSection::DIBSectionBitsPtr() const
 {
     if (m_Bits.empty() && !m_Picture.isNull()) {
         TakeMemory();
-        Write(m_Picture, m_Picture.rect(), {});
+        Write(m_Picture, m_Picture.rect(), {}, SrcCopy);
     }
     return m_Bits.empty() ? nullptr : m_Bits.data();
 }

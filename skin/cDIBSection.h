@@ -36,10 +36,13 @@ public:
     std::int32_t BytesPerScanLine() const;
     std::int32_t Width() const { return m_tBI.biWidth; }
     std::int32_t Height() const { return m_tBI.biHeight; }
-    /// Copies a part of a picture to the top left corner; a negative width or height means all of the section's own.
-    /// What the picture does not have stays.
+    static constexpr std::uint32_t SrcCopy = 0x00CC0020; // a plain copy
+    /// Brings a part of a picture to the top left corner; a negative width or height means all of the section's own.
+    /// What the picture does not have stays. RasterOperation is a ternary one of the classic codes, of which the
+    /// index in the third byte tells, bit by bit, what becomes of source and destination; there is no pattern, all of
+    /// its bits count as 0.
     void LoadPictureBlt(const QImage &Source, std::int32_t SrcX = 0, std::int32_t SrcY = 0, std::int32_t Width = -1,
-                        std::int32_t Height = -1);
+                        std::int32_t Height = -1, std::uint32_t RasterOperation = SrcCopy);
     /// The first byte of the bottom row; empty when there is no picture.
     const std::uint8_t *DIBSectionBitsPtr() const;
     /// A row of a section made by CreateFromPicture, counted as the bits are, the bottom one first. The uppermost
@@ -52,7 +55,7 @@ public:
 private:
     bool FillHeader(std::int32_t width, std::int32_t height);
     void TakeMemory() const;
-    void Write(const QImage &plain, const QRect &part, const QPoint &from) const;
+    void Write(const QImage &plain, const QRect &part, const QPoint &from, std::uint32_t operation) const;
 
     Header m_tBI;
     QImage m_Picture;                         // what the bits are still to be made from, or empty

@@ -118,7 +118,9 @@ void StoneDrawing::DrawSand(QPainter &Painter, const QRectF &Bed, bool Dark)
     Painter.setClipPath(bed);
     Painter.setBrush(Qt::NoBrush);
     Painter.setPen(Line(Dark ? QColor(0x27, 0x36, 0x40) : QColor(0xec, 0xdd, 0xbf), 3));
-    for (double y = Bed.top() + Furrow; y < Bed.bottom() + Furrow; y += Furrow) {
+    const int furrows = static_cast<int>(std::ceil(Bed.height() / Furrow));
+    for (int i = 1; i <= furrows; ++i) {
+        const double y = Bed.top() + i * Furrow;
         QPainterPath furrow(QPointF(Bed.left(), y));
         const double third = Bed.width() / 3;
         furrow.cubicTo({Bed.left() + third, y - 16}, {Bed.left() + 2 * third, y + 16}, {Bed.right(), y});
@@ -175,6 +177,7 @@ void StoneDrawing::DrawStones(QPainter &Painter, const std::vector<Stone> &Stone
     const double scale = toDevice.m11();
     const int side = 2 * static_cast<int>(std::ceil(Room * Width * scale / 2));
     std::vector<std::pair<Stone, QImage>> kinds;
+    const QPoint middle(side / 2, side / 2);
     for (std::size_t i = 0; i < Stones.size(); ++i) {
         auto kind = std::ranges::find(kinds, Stones[i], &std::pair<Stone, QImage>::first);
         if (kind == kinds.end()) {
@@ -182,13 +185,13 @@ void StoneDrawing::DrawStones(QPainter &Painter, const std::vector<Stone> &Stone
             picture.fill(Qt::transparent);
             QPainter painter(&picture);
             painter.setRenderHint(QPainter::Antialiasing);
-            painter.translate(side / 2, side / 2);
+            painter.translate(middle);
             painter.scale(scale, scale);
             DrawStone(painter, {}, Width, Stones[i], Dark);
             painter.end();
             kind = kinds.insert(kinds.end(), {Stones[i], picture});
         }
-        const QPointF corner = toDevice.map(Centres[i]).toPoint() - QPointF(side / 2, side / 2);
+        const QPointF corner = toDevice.map(Centres[i]).toPoint() - middle;
         Painter.drawImage(QRectF(toDesign.map(corner), QSizeF(side, side) / scale), kind->second);
     }
 }

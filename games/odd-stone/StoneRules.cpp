@@ -140,7 +140,8 @@ void StoneRules::FillWithOneTrait()
     Stone odd = Common(trait == StoneTrait::Tilt);
     Stone common = odd;
     Vary(trait, odd, common);
-    m_Item.Stones.assign(static_cast<std::size_t>(m_Item.Columns * m_Item.Rows), common);
+    const int places = m_Item.Columns * m_Item.Rows;
+    m_Item.Stones.assign(static_cast<std::size_t>(places), common);
     m_Item.Stones[static_cast<std::size_t>(m_Item.Odd)] = odd;
 }
 

@@ -25,6 +25,7 @@ FoldArea::FoldArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Cont
 std::vector<QRectF> FoldArea::Places() const
 {
     std::vector<QRectF> places;
+    places.reserve(FoldItem::Choices);
     for (int i = 0; i < FoldItem::Choices; ++i) places.push_back(FirstSheet.translated(SheetPitch * i, 0));
     return places;
 }

@@ -70,8 +70,12 @@ void DrawLayer(QPainter &painter, const QRectF &square, const Layer &layer, cons
         clip.addPolygon(shape);
         painter.setClipPath(clip);
         painter.setPen(QPen(colours.stripe, square.width() * 0.018));
-        for (double x = 1; x < 2 * Outline::Side; x += 1.6)
+        constexpr double pitch = 1.6; // of the stripes
+        const int stripes = static_cast<int>((2 * Outline::Side - 1) / pitch);
+        for (int i = 0; i <= stripes; ++i) {
+            const double x = 1 + i * pitch;
             painter.drawLine(Placed(square, x, 0), Placed(square, x - Outline::Side, Outline::Side));
+        }
         painter.restore();
     }
     painter.setBrush(Qt::NoBrush);

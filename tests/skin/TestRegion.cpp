@@ -264,6 +264,38 @@ TEST(DIBSection, APartGoesToTheTopLeftAndTheRestStays)
     EXPECT_EQ(std::vector<int>(top, top + 6), (std::vector<int>{255, 255, 255, 0, 0, 0}));
 }
 
+TEST(DIBSection, ARasterOperationTellsWhatBecomesOfSourceAndDestination)
+{
+    constexpr int source = 0x0F, destination = 0x33;
+    QImage one(1, 1, QImage::Format_RGB32);
+    const struct
+    {
+        std::uint32_t Operation;
+        int Result;
+    } table[] = {
+        {0x00CC0020, source},                         // copy
+        {0x008800C6, source & destination},           // and
+        {0x00EE0086, source | destination},           // paint
+        {0x00660046, source ^ destination},           // invert
+        {0x00330008, ~source & 0xFF},                 // copy of the inverse
+        {0x00BB0226, (~source & 0xFF) | destination}, // merge with the inverse
+        {0x00440328, source & ~destination & 0xFF},   // erase
+        {0x001100A6, ~(source | destination) & 0xFF}, // inverse erase
+        {0x00550009, ~destination & 0xFF},            // inverse of what is there
+        {0x00000042, 0},
+        {0x00FF0062, 0xFF}, // black, white
+    };
+    for (const auto &row : table) {
+        cDIBSection section;
+        one.setPixel(0, 0, qRgb(destination, destination, destination));
+        section.CreateFromPicture(one);
+        one.setPixel(0, 0, qRgb(source, source, source));
+        section.LoadPictureBlt(one, 0, 0, -1, -1, row.Operation);
+        const std::uint8_t *bits = section.DIBSectionBitsPtr();
+        EXPECT_EQ(std::vector<int>(bits, bits + 3), std::vector<int>(3, row.Result)) << std::hex << row.Operation;
+    }
+}
+
 TEST(TransBlt, PixelsOfTheKeyLeaveWhatIsThere)
 {
     QImage ground = Picture({"wwww", "wwww", "wwww"});
