@@ -75,8 +75,12 @@ std::vector<QRectF> QuestionArea::ChoicePlaces() const
     const double width = (580 - Gap * (columns - 1)) / columns;
     const double height = std::min(120.0, (ChoicesEnd - top - Gap * (rows - 1)) / rows);
     std::vector<QRectF> places;
-    for (int i = 0; i < count; ++i)
-        places.emplace_back(20 + (i % columns) * (width + Gap), top + (i / columns) * (height + Gap), width, height);
+    places.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const int column = i % columns;
+        const int row = i / columns;
+        places.emplace_back(20 + column * (width + Gap), top + row * (height + Gap), width, height);
+    }
     return places;
 }
 

@@ -7,7 +7,7 @@
 
 namespace
 {
-constexpr qsizetype MostBytes = 1024 * 1024;
+constexpr qsizetype MostBytes = qsizetype{1024} * 1024;
 constexpr qsizetype LongestLine = 400;   // [characters]
 constexpr std::size_t MostProblems = 20; // one mistake may repeat itself in every line
 constexpr int MostChoices = 6;
