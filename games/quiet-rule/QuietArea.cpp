@@ -45,6 +45,7 @@ void QuietArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_uniqu
 std::vector<QRectF> QuietArea::Places() const
 {
     std::vector<QRectF> places;
+    places.reserve(QuietRules::Piles);
     for (int pile = 0; pile < QuietRules::Piles; ++pile) places.push_back(PlaceOf(pile));
     return places;
 }
