@@ -150,7 +150,7 @@ void ScaleRules::Next()
             break;
         }
     } while (item.Kind != ScaleKind::Cloud && item.Sides == m_Item.Sides); // not the same one twice in a row
-    m_Item = std::move(item);
+    m_Item = item;
 }
 
 void ScaleRules::MakeCloud(ScaleSide &heavier, ScaleSide &lighter, const Balance &balance)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace
 {
@@ -144,8 +145,8 @@ std::vector<SeenFace> TurnViews::Picture(const Figure &Blocks, const QQuaternion
         const Block &block = Blocks[static_cast<std::size_t>(i)];
         return ahead.x * block.x + ahead.y * block.y + ahead.z * block.z;
     };
-    std::vector<int> order;
-    for (int i = 0; i < static_cast<int>(Blocks.size()); ++i) order.push_back(i);
+    std::vector<int> order(Blocks.size());
+    std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return nearness(a) < nearness(b); });
 
     std::vector<SeenFace> faces;
@@ -164,6 +165,7 @@ std::vector<SeenFace> TurnViews::FlatPicture(const Figure &Blocks, const QQuater
 {
     constexpr std::size_t TowardsTheViewer = 4;
     std::vector<SeenFace> squares;
+    squares.reserve(Blocks.size());
     const QVector3D middle = Middle(Blocks) + QVector3D(0, 0, 0.5F);
     for (int i = 0; i < static_cast<int>(Blocks.size()); ++i)
         squares.push_back(Seen(Blocks, i, Sides[TowardsTheViewer], Turn, middle));

@@ -82,7 +82,7 @@ QString TurnWords::Flat(const Figure &Blocks, const QQuaternion &Turn)
         row += u'x';
     }
     std::reverse(rows.begin(), rows.end());
-    return QStringLiteral("%1, %2°").arg(rows.join(QStringLiteral(", "))).arg(std::lround(angle) - 90 * quarters);
+    return QStringLiteral("%1, %2°").arg(rows.join(QStringLiteral(", "))).arg(std::lround(angle) - 90L * quarters);
 }
 
 QString TurnWords::Solid(const Figure &Blocks, const QQuaternion &Turn,
