@@ -331,7 +331,7 @@ void ChartPlot::DrawKey()
     key->setWrap(m_Key.Columns);
     key->setFillOrder(QCPLayoutGrid::foColumnsFirst);
     const QFontMetrics text(m_Key.Font);
-    const auto room = static_cast<std::size_t>(m_Key.Columns * m_Key.Rows);
+    const auto room = static_cast<std::size_t>(m_Key.Columns) * static_cast<std::size_t>(m_Key.Rows);
     for (std::size_t i = 0; i < std::min(room, m_Lines.size()); ++i) {
         QCPGraph *line = m_Lines[i];
         line->setName(text.elidedText(line->name(), Qt::ElideMiddle, m_Key.Item.width() - IconWidth - IconGap));

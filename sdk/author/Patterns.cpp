@@ -4,7 +4,6 @@
 #include <QPainterPath>
 
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -13,8 +12,9 @@ void DrawStripes(QPainter &painter, const QRectF &box, const QColor &ink, double
 {
     painter.setPen({ink, pitch * 0.42, Qt::SolidLine, Qt::FlatCap});
     const double reach = (box.width() + box.height()) / 2;
-    for (double way = -std::floor(reach / pitch) * pitch; way <= reach; way += pitch) {
-        const QPointF middle = box.center() + QPointF(way, 0);
+    const int aside = static_cast<int>(reach / pitch);
+    for (int i = -aside; i <= aside; ++i) {
+        const QPointF middle = box.center() + QPointF(i * pitch, 0);
         painter.drawLine(middle + QPointF(-reach, reach), middle + QPointF(reach, -reach));
     }
 }

@@ -15,7 +15,7 @@
 
 namespace
 {
-constexpr qsizetype MostSettingsBytes = 1024 * 1024;
+constexpr qsizetype MostSettingsBytes = qsizetype{1024} * 1024;
 constexpr qsizetype MostValueBytes = 999;
 constexpr qsizetype MuchToRead = 4000; // [characters]
 constexpr int ManyLevels = 100;

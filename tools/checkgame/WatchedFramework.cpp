@@ -144,7 +144,7 @@ void WatchedFramework::DrawBackground(QPainter *DestHDC)
 QImage WatchedFramework::GetPicture(const QString &PicName)
 {
     if (!IsOpen("GetPicture")) return {};
-    const QImage picture(FindFile(ProgramFolder() + QStringLiteral("Images/") + PicName));
+    QImage picture(FindFile(ProgramFolder() + QStringLiteral("Images/") + PicName));
     if (!picture.isNull()) return picture;
     m_Report.Note(QStringLiteral("It asks for the picture \"%1\", which is not in the program's folder \"Images\".")
                       .arg(PicName));
@@ -182,7 +182,7 @@ QString WatchedFramework::LangString(const QString &Name)
 {
     if (!IsOpen("LangString")) return {};
     const QString local = m_Folder.Value(m_Language, Name);
-    const QString word = local.isEmpty() ? m_Folder.Value(QStringLiteral("default"), Name) : local;
+    QString word = local.isEmpty() ? m_Folder.Value(QStringLiteral("default"), Name) : local;
     if (word.isEmpty())
         m_Report.Note(
             QStringLiteral("It asks for the word \"%1\", which stands in no section of GameSettings.ini.").arg(Name));

@@ -17,7 +17,7 @@ QString WithSeed(const QString &Folder, std::uint32_t Seed)
 {
     static const QTemporaryDir copies;
     const QString name = QDir(Folder).dirName();
-    const QString copy = QStringLiteral("%1/%2/%3/").arg(copies.path()).arg(Seed).arg(name);
+    QString copy = QStringLiteral("%1/%2/%3/").arg(copies.path()).arg(Seed).arg(name);
     if (QDir(copy).exists()) return copy;
     for (const char *part : {"", "sounds/"}) {
         EXPECT_TRUE(QDir().mkpath(copy + QLatin1String(part)));
