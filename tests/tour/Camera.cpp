@@ -73,7 +73,7 @@ Camera::Camera(const QString &Folder, int First)
 
 Camera::~Camera() = default;
 
-void Camera::Take(const QString &Name)
+QImage Camera::Look() const
 {
     QScreen *const screen = QGuiApplication::primaryScreen();
     const QWidgetList windows = VisibleWindows();
@@ -83,12 +83,15 @@ void Camera::Take(const QString &Name)
         if (place.isEmpty() || !window->isModal()) place |= window->geometry();
     if (place.isEmpty()) place = screen->geometry().adjusted(Margin, Margin, -Margin, -Margin);
     place.adjust(-Margin, -Margin, Margin, Margin);
-    if (m_Ground) place &= screen->geometry();
+    if (!m_Ground) return Drawn(windows, place);
+    place &= screen->geometry();
+    return screen->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
+}
 
-    const QImage picture = m_Ground
-                               ? screen->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage()
-                               : Drawn(windows, place);
+bool Camera::SeesSomething() const { return VisibleWindows().isEmpty() || !IsPlain(Look()); }
+
+void Camera::Take(const QString &Name)
+{
     const QString file = QStringLiteral("%1-%2.png").arg(m_Next++, 2, 10, QLatin1Char('0')).arg(Name);
-    if (!picture.save(m_Folder.filePath(file))) throw TourFailure(file + QStringLiteral(" can't be written."));
-    if (!windows.isEmpty() && IsPlain(picture)) throw TourFailure(file + QStringLiteral(" shows nothing at all."));
+    if (!Look().save(m_Folder.filePath(file))) throw TourFailure(file + QStringLiteral(" can't be written."));
 }

@@ -21,11 +21,15 @@ public:
     Camera(const QString &Folder, int First);
     ~Camera();
 
-    /// Failure: passed on, when a picture can't be written or is one plain colour.
+    /// False for one plain colour where a window should be: the display may bring it a moment later.
+    bool SeesSomething() const;
+    /// Failure: passed on, when a picture can't be written.
     void Take(const QString &Name);
     int Next() const { return m_Next; }
 
 private:
+    QImage Look() const;
+
     std::unique_ptr<QRasterWindow> m_Ground;
     QDir m_Folder;
     int m_Next;

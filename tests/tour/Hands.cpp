@@ -236,7 +236,7 @@ void Hands::Picture(const QString &Name)
     if (!m_KeepsPictures) return;
     Settle();
     QThread::msleep(Steadying);
-    Settle();
+    WaitUntil(QStringLiteral("something to be seen for ") + Name, [this] { return m_Camera.SeesSomething(); });
     Ask([&] { m_Camera.Take(Name); });
 }
 
