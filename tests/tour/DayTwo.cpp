@@ -49,9 +49,9 @@ void Story::BeginNextWorkout()
             workouts.value(1).value(QStringLiteral("WorkoutTimestamp")).toDouble() -
                 workouts.value(0).value(QStringLiteral("WorkoutTimestamp")).toDouble());
 
-    // The level and the awards of yesterday are what today's game begins with; nobody plays, so its time runs out.
+    // The level and the awards of yesterday are what today's game begins with.
     const Offer offer = SelectCategory(0);
     Compare(QStringLiteral("level of ") + offer.game, offer.level,
             StateOf(offer).value(QStringLiteral("PlayerGameLevel")));
-    PlayWorkoutGame(0, 0);
+    PlayWorkoutGame(0, m_Stamina);
 }

@@ -46,9 +46,9 @@ void Story::RestOfTheWeek()
     FindPracticeResult();
     FindWorkout();
     BeginNextWorkout();
+    FinishWorkout(1, m_Stamina); // the other game of each category
     m_Hurried = true;
     m_Hands.KeepPictures(false);
-    FinishWorkout(1, 0);
     for (int day = 3; day <= DaysOfAWeek; ++day) LiveDay(day);
     m_Hands.KeepPictures(true);
     CompareWeek();
