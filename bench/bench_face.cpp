@@ -1,15 +1,14 @@
 // The main window's face: outline and picture of a large frame beside one pass over its pixels, and what a person
 // waits for: a change of skin, a refilled menu, the layout, each until the window is painted, beside a bare window of
 // Qt's that paints the same place from one picture. Times are in milliseconds, the best turn of each counts.
+#include "RunBenches.h"
 #include "sdk/CSkinPic.h"
-#include "shell/GuardedApplication.h"
 #include "shell/program/modMain.h"
 #include "skin/CSkin.h"
 #include "skin/FrameFace.h"
 #include "skin/Region.h"
 #include "skin/ScreenSize.h"
 #include "skin/colSkin.h"
-#include "tests/shell/support/RunningProgram.h"
 
 #include <benchmark/benchmark.h>
 
@@ -251,13 +250,4 @@ BENCHMARK(PanelRefill)->UseManualTime()->Iterations(200)->Unit(benchmark::kMilli
 BENCHMARK(Layout)->UseManualTime()->Iterations(200)->Unit(benchmark::kMillisecond);
 } // namespace
 
-int main(int argc, char *argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("ALSOFT_DRIVERS", "null");
-    GuardedApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    program.reset();
-    return 0;
-}
+int main(int argc, char *argv[]) { return RunBenches(argc, argv, program); }

@@ -2,11 +2,10 @@
 // with it the blank game, which draws a circle. Times are in milliseconds; the middle turn of each counts.
 #include "BenchStore.h"
 #include "Painted.h"
+#include "RunBenches.h"
 #include "platform/Files.h"
 #include "services/modIniFile.h"
-#include "shell/GuardedApplication.h"
 #include "skin/ScreenSize.h"
-#include "tests/shell/support/RunningProgram.h"
 
 #include <benchmark/benchmark.h>
 
@@ -90,14 +89,9 @@ void Race(benchmark::State &state, const Game &game)
     state.counters["floor"] = Middle(floor);
     state.counters["of_budget"] = Middle(ours) / Budget;
 }
-} // namespace
 
-int main(int argc, char *argv[])
+void RegisterGames()
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("ALSOFT_DRIVERS", "null");
-    GuardedApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
     StartProgram();
     for (const QString &folder : DeliveredFolders()) {
         const QString path = QStringLiteral(NOGGLE_DIST "/") + folder;
@@ -108,7 +102,7 @@ int main(int argc, char *argv[])
             ->Iterations(Turns)
             ->Unit(benchmark::kMillisecond);
     }
-    benchmark::RunSpecifiedBenchmarks();
-    program.reset();
-    return 0;
 }
+} // namespace
+
+int main(int argc, char *argv[]) { return RunBenches(argc, argv, program, RegisterGames); }

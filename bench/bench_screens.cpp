@@ -3,13 +3,12 @@
 // milliseconds; the middle turn of each counts, since it is what a person mostly meets, and the worst is told.
 #include "BenchStore.h"
 #include "Painted.h"
+#include "RunBenches.h"
 #include "platform/store/Connection.h"
 #include "platform/store/Statement.h"
-#include "shell/GuardedApplication.h"
 #include "shell/program/modMain.h"
 #include "skin/PanelSurface.h"
 #include "skin/ScreenSize.h"
-#include "tests/shell/support/RunningProgram.h"
 
 #include "domain/colPlayer.h"
 
@@ -260,13 +259,4 @@ SCREEN(WorkoutTile);
 SCREEN(ProgressFirstTime);
 SCREEN(ProgressAgain);
 
-int main(int argc, char *argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("ALSOFT_DRIVERS", "null");
-    GuardedApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    program.reset();
-    return 0;
-}
+int main(int argc, char *argv[]) { return RunBenches(argc, argv, program); }
