@@ -63,6 +63,30 @@ QMetaMethod MouseWheelOf(const QObject &form)
             return type.method(i);
     return {};
 }
+
+struct Told
+{
+    std::int32_t Rotation = 0;
+    std::int32_t Keys = 0;
+    std::int32_t Y = 0;
+    std::int32_t X = 0;
+};
+
+Told TakenApart(const modWheel::Turn &message)
+{
+    const auto rounded = [](std::int32_t packed) { return ToInt32(static_cast<double>(packed) / HalfWord); };
+    return {rounded(message.wParam), message.wParam & LowHalf, rounded(message.lParam), message.lParam & LowHalf};
+}
+
+void Tell(QObject &form, const Told &told)
+{
+    const QMetaMethod method = MouseWheelOf(form);
+    if (!method.isValid()) return;
+    Step([&] {
+        method.invoke(&form, Qt::DirectConnection, Q_ARG(std::int32_t, told.Rotation), Q_ARG(std::int32_t, told.Keys),
+                      Q_ARG(std::int32_t, told.Y), Q_ARG(std::int32_t, told.X));
+    });
+}
 } // namespace
 
 void modWheel::HookWheel(QWidget *Form)
@@ -87,21 +111,11 @@ bool modWheel::WheelProc(QObject *Form, QEvent *Event)
     const auto &wheel = *static_cast<QWheelEvent *>(Event);
     // A wheel turned sideways is another event to the desktop, and no number of MouseWheel would tell it from this
     // one.
-    if (wheel.angleDelta().y() != 0) WheelProc(Form, TurnOf(wheel));
+    if (wheel.angleDelta().y() == 0) return false;
+    Told told = TakenApart(TurnOf(wheel));
+    told.Y = wheel.globalPosition().toPoint().y(); // left of the first screen the packed one is a pixel too low
+    Tell(*Form, told);
     return false;
 }
 
-void modWheel::WheelProc(QObject *Form, const Turn &Message)
-{
-    const auto rounded = [](std::int32_t packed) { return ToInt32(static_cast<double>(packed) / HalfWord); };
-    const std::int32_t rotation = rounded(Message.wParam);
-    const std::int32_t keys = Message.wParam & LowHalf;
-    const std::int32_t y = rounded(Message.lParam);
-    const std::int32_t x = Message.lParam & LowHalf;
-    const QMetaMethod method = MouseWheelOf(*Form);
-    if (!method.isValid()) return;
-    Step([&] {
-        method.invoke(Form, Qt::DirectConnection, Q_ARG(std::int32_t, rotation), Q_ARG(std::int32_t, keys),
-                      Q_ARG(std::int32_t, y), Q_ARG(std::int32_t, x));
-    });
-}
+void modWheel::WheelProc(QObject *Form, const Turn &Message) { Tell(*Form, TakenApart(Message)); }

@@ -26,8 +26,8 @@ void HookWheel(QWidget *Form);
 void UnhookWheel();
 /// The form that is hooked now, or empty.
 QWidget *HookedForm();
-/// What the hook does with each event that reaches the form: a turn of the wheel is told to MouseWheel.
-/// Answer: false always, since every event goes on to where it went without the hook.
+/// What the hook does with each event that reaches the form: a turn of the wheel is told to MouseWheel, Y as it is
+/// and X in its low 16 bits. [px] Answer: false always, since every event goes on to where it went without the hook.
 /// Failure: ignored, whatever MouseWheel threw.
 bool WheelProc(QObject *Form, QEvent *Event);
 /// The same with the turn's numbers, which are taken apart here.

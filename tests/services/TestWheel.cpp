@@ -131,6 +131,40 @@ TEST(Wheel, UnhooksWhatWasNeverHookedOrIsGone)
     modWheel::UnhookWheel();
 }
 
+TEST(Wheel, EveryButtonAndKeyHasItsBit)
+{
+    FormWithWheel form;
+    modWheel::HookWheel(&form);
+    for (const auto button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton})
+        Turn(form, {0, 120}, {}, button);
+    for (const auto key : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier})
+        Turn(form, {0, 120}, {}, {}, key);
+    std::vector<int> bits;
+    for (const auto &call : form.Calls) bits.push_back(call[1]);
+    EXPECT_EQ(bits, (std::vector<int>{0x01, 0x02, 0x10, 0x20, 0x40, 0x04, 0x08, 0}));
+    modWheel::UnhookWheel();
+}
+
+TEST(Wheel, ATouchpadsSmallTurnsAreToldAsTheyCome)
+{
+    FormWithWheel form;
+    modWheel::HookWheel(&form);
+    for (const int step : {1, -1, 7, -15}) Turn(form, {0, step});
+    EXPECT_EQ(form.Calls, (Told{{1, 0, 40, 30}, {-1, 0, 40, 30}, {7, 0, 40, 30}, {-15, 0, 40, 30}}));
+    modWheel::UnhookWheel();
+}
+
+TEST(Wheel, ATurnLeftOfOrAboveTheFirstScreenTellsItsTrueHeight)
+{
+    FormWithWheel form;
+    modWheel::HookWheel(&form);
+    Turn(form, {0, 120}, {-1, 40});
+    Turn(form, {0, 120}, {-1280, 40}, Qt::LeftButton);
+    Turn(form, {0, -120}, {30, -5});
+    EXPECT_EQ(form.Calls, (Told{{120, 0, 40, 65535}, {120, 1, 40, 64256}, {-120, 0, -5, 30}}));
+    modWheel::UnhookWheel();
+}
+
 TEST(Wheel, TurnedSidewaysIsNoTurn)
 {
     FormWithWheel form;
