@@ -20,7 +20,7 @@ void ShowHelp(QWidget *)
 {
     const QString file = FindFile(ProgramFolder() + HelpFile);
     if (!FileExists(file)) return;
-    if (DesktopCanOpen(HelpKinds) && OpenWithDesktop(file)) return;
+    if (DesktopCanOpen(HelpKinds) && OpenWithDesktop(file, ProgramFolder())) return;
     Step([&] { HelpWindow::Open(file); });
 }
 } // namespace modHelp

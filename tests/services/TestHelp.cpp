@@ -47,9 +47,11 @@ public:
     {
         Opened << url.toString();
         Last = url;
+        From = QDir::currentPath();
     }
     QStringList Opened;
     QUrl Last;
+    QString From; // the working folder
 };
 
 class Help : public testing::Test
@@ -163,6 +165,27 @@ TEST_F(Help, IsTheDesktopsWhereItHasAViewer)
     EXPECT_EQ(m_Desktop.Opened,
               QStringList{QUrl::fromLocalFile(m_Folder.Path() + QStringLiteral("Help.chm")).toString()});
     EXPECT_EQ(Window(), nullptr);
+}
+
+TEST_F(Help, TheDesktopIsAskedFromTheProgramsFolderAndTheProgramStaysWhereItIs)
+{
+    GivenHelp();
+    GivenViewer();
+    const QString before = QDir::currentPath();
+    ASSERT_NE(before + u'/', m_Folder.Path());
+    modHelp::ShowHelp(nullptr);
+    EXPECT_EQ(m_Desktop.From + u'/', m_Folder.Path());
+    EXPECT_EQ(QDir::currentPath(), before);
+}
+
+TEST_F(Help, IsOurOwnWindowWhereTheDesktopFailsToOpenItWithItsViewer)
+{
+    GivenHelp();
+    GivenViewer();
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file")); // without a display there is no opener behind it
+    modHelp::ShowHelp(nullptr);
+    ASSERT_NE(Window(), nullptr);
+    EXPECT_EQ(Heading(), QStringLiteral("Welcome to Noggle"));
 }
 
 TEST_F(Help, AFileNamedWithBlanksAndSignsReachesTheViewerAsItIsNamed)
