@@ -5,8 +5,10 @@
 #include "platform/Clock.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/cTransPictureBox.h"
+#include "services/modIniFile.h"
 
 #include <QLineEdit>
+#include <QLocale>
 #include <QTest>
 #include <QTimer>
 
@@ -47,11 +49,28 @@ TEST_F(Upload, TheRequestHasEveryPairInItsOrderAndNothingIsEncoded)
     const QByteArray expected =
         "GET /submit.asp?E=ann@example.org&PK=1&PN=Ann & Bob Ωμέγα <é> 100% #1&GN=Arrows & Co&SC=80&PT=113"
         "&TS=05-03-2026&TM=25&AW=1&LV=4&MO=1&WO=1&WT=05/03/2026 HTTP/1.1\r\nHost: " +
-        site.Host().toUtf8() + "\r\n";
-    EXPECT_EQ(requests[0].left(expected.size()), expected);
-    EXPECT_TRUE(requests[0].endsWith("\r\n\r\n")) << "a GET has no body";
+        site.Host().toUtf8() + "\r\nUser-Agent: Noggle\r\nAccept: */*\r\n\r\n";
+    EXPECT_EQ(requests[0], expected) << "to its last byte: a GET has no body, and no packing is asked for";
     EXPECT_EQ(TakeMessage(), QStringLiteral("All games uploaded."));
     EXPECT_EQ(Marked(), QStringLiteral("1"));
+}
+
+TEST_F(Upload, FiguresAndDatesAreTheSameInEveryLanguageAndTheAddressIsNotEncodedEither)
+{
+    HttpServer site(HttpServer::Ok());
+    GivenSite(site.Host());
+    WriteIniString(QStringLiteral("Settings"), QStringLiteral("Email"), QStringLiteral("Ann & Bob <a+b@example.org>"),
+                   modMain::SettingsFile);
+    const auto player = GivenPlayer(QStringLiteral("Ann"));
+    player->Workouts().Add()->GamesPlayed().Add(player->Key, Arrows(), 1234567, 25, 7654321, 1, 4, 1);
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt)); // figures of its own, and another order of dates
+    Run();
+    QLocale::setDefault(before);
+    ASSERT_EQ(site.Count(), 1);
+    EXPECT_EQ(site.Lines()[0],
+              "GET /submit.asp?E=Ann & Bob <a+b@example.org>&PK=1&PN=Ann&GN=Arrows & Co&SC=1234567&PT=7654321"
+              "&TS=05-03-2026&TM=25&AW=1&LV=4&MO=1&WO=1&WT=05/03/2026 HTTP/1.1");
 }
 
 TEST_F(Upload, AResultOfNoWorkoutSendsWTEmptyAsTheLastPair)
@@ -135,6 +154,45 @@ TEST_F(Upload, TheSecondRunFindsNothing)
         EXPECT_EQ(TakeMessage(), QStringLiteral("No games to upload."));
     });
     EXPECT_EQ(site.Count(), 2);
+}
+
+TEST_F(Upload, TheDialogSaysWhereResultsGoAndWhatBecomesOfTheAddress)
+{
+    GivenSite(QStringLiteral("https://brain.example.org/scores"));
+    Show([&](frmUpload &form) {
+        const auto words = [&](const char *name) { return Of<TransLabel>(form, name)->Caption(); };
+        EXPECT_EQ(words("lblTitle"), QStringLiteral("Upload Game Scores"));
+        EXPECT_TRUE(words("cTransPictureBox1").contains(QStringLiteral("brain.example.org/scores web site")));
+        EXPECT_EQ(words("lblEmail"), QStringLiteral("Please provide your email address:"));
+        EXPECT_EQ(words("lblEmail2"), QStringLiteral("We will not make this public or pass it to 3rd parties."));
+        EXPECT_EQ(words("lblProgress"), QStringLiteral("Uploaded X of XXX games."));
+        EXPECT_EQ(Of<LarkButton>(form, "butUpload")->Caption(), QStringLiteral("Upload"));
+        EXPECT_EQ(Of<LarkButton>(form, "butOK")->Caption(), QStringLiteral("Close"));
+        for (const char *name : {"lblTitle", "cTransPictureBox1", "lblEmail", "lblEmail2", "butUpload", "butOK"})
+            EXPECT_TRUE(Of<QWidget>(form, name)->isVisible()) << name;
+        EXPECT_FALSE(Of<QWidget>(form, "lblProgress")->isVisible());
+    });
+}
+
+TEST_F(Upload, TheSitesOfTheSettingsAreReadAndNeverWritten)
+{
+    const QString file = QStringLiteral("Settings.ini");
+    const QByteArray before = m_Store.Folder().Read(file);
+    Show([](frmUpload &form) {
+        EXPECT_TRUE(Of<TransLabel>(form, "cTransPictureBox1")
+                        ->Caption()
+                        .contains(QStringLiteral(" scores.noggle.example.org ")));
+    });
+    EXPECT_EQ(m_Store.Folder().Read(file), before);
+    GivenSite(RefusingHost());
+    GivenAnnsResults(1);
+    Run();
+    EXPECT_TRUE(TakeMessage().endsWith(QStringLiteral("visit http://noggle.example.org/upload-help")));
+    EXPECT_FALSE(m_Store.Folder().Read(file).contains("SupportPage"));
+    WriteIniString(QStringLiteral("Settings"), QStringLiteral("SupportPage"), QStringLiteral("help.example.org/a b"),
+                   modMain::SettingsFile);
+    Run();
+    EXPECT_TRUE(TakeMessage().endsWith(QStringLiteral("/For help on this error visit help.example.org/a b")));
 }
 
 TEST_F(Upload, WithoutAnAddressAsksForItAndChangesNothing)
@@ -288,9 +346,20 @@ TEST_F(Upload, MessagesHaveNoParentAndTheErrorIsSmaller)
     const auto framework = std::make_shared<Sized>();
     modMain::Framework = framework;
     GivenSite(RefusingHost());
+    Show([](frmUpload &form) {
+        Of<QLineEdit>(form, "txtEmail")->clear();
+        Click(form, "butUpload");
+    });
+    Run(); // nothing to send
+    GivenAnnsResults(1);
     Run();
-    GivenResults(GivenPlayer(QStringLiteral("Ann"))->Key, 1);
-    LoadRecords();
+    HttpServer site(HttpServer::Ok());
+    GivenSite(site.Host());
     Run();
-    EXPECT_EQ(framework->Sizes, (std::vector<int>{16, 12}));
+    QStringList told;
+    for (const ShownBox &box : framework->Boxes) told << box.FirstLine();
+    EXPECT_EQ(told,
+              (QStringList{QStringLiteral("Please enter your email address"), QStringLiteral("No games to upload."),
+                           QStringLiteral("Error uploading:"), QStringLiteral("All games uploaded.")}));
+    EXPECT_EQ(framework->Sizes, (std::vector<int>{16, 16, 12, 16}));
 }

@@ -1,6 +1,7 @@
 // The dialog on the delivered skins, for people to look at.
 #include "domain/colPlayer.h"
 #include "domain/upload/frmUpload.h"
+#include "sdk/controls/LarkButton.h"
 #include "sdk/controls/TransLabel.h"
 #include "services/modIniFile.h"
 #include "shell/program/modMain.h"
@@ -27,6 +28,8 @@ TEST_F(UploadPictures, EveryTextHasItsRoomOnBothSkins)
         for (const TransLabel *label : form.findChildren<TransLabel *>())
             EXPECT_TRUE(form.rect().contains(label->geometry())) << label->objectName().toStdString();
         EXPECT_FALSE(form.picture().isNull());
+        for (const LarkButton *button : form.findChildren<LarkButton *>())
+            EXPECT_EQ(button->PictureUp(), modMain::CurrentSkin->VeryWideButton());
         Keep(form, QStringLiteral("upload-") + QLatin1String(name));
         for (const char *control : {"butUpload", "lblEmail", "lblEmail2", "txtEmail"})
             form.findChild<QWidget *>(QLatin1String(control))->hide();
