@@ -2,6 +2,7 @@
 #include "platform/Colour.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/cTransPictureBox.h"
+#include "services/CResource.h"
 #include "services/colSound.h"
 #include "shell/program/MainForm.h"
 #include "shell/program/modMain.h"
@@ -20,6 +21,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <map>
 
 namespace
 {
@@ -113,6 +115,49 @@ TEST_F(Options, TheListHasEverySkinInItsOrderAndShowsTheCurrentOne)
     });
 }
 
+TEST_F(Options, EveryCaptionIsTheWordOfItsNumber)
+{
+    Show([](frmOptions &form) {
+        for (const auto &[name, number] : std::map<const char *, std::int16_t>{{"lblTitle", 601},
+                                                                               {"picSkin", 602},
+                                                                               {"picSoundOn", 603},
+                                                                               {"picWhiteBackground", 604},
+                                                                               {"cmdOK", 1},
+                                                                               {"cmdCancel", 2}}) {
+            const QString word = modMain::Resources->GetString(number, 256);
+            EXPECT_FALSE(word.isEmpty()) << number;
+            EXPECT_EQ(Of<QWidget>(form, name)->property("Caption").toString(), word) << name;
+        }
+    });
+}
+
+TEST_F(Options, ButtonsAndFaceAreOfTheCurrentSkin)
+{
+    GivenDeliveredSkin(QStringLiteral("Night"));
+    const auto skin = modMain::CurrentSkin;
+    Show([&](frmOptions &form) {
+        ASSERT_FALSE(skin->DialogPicture().isNull());
+        EXPECT_EQ(form.picture(), skin->DialogPicture());
+        for (const char *name : {"cmdOK", "cmdCancel"}) {
+            EXPECT_EQ(Of<LarkButton>(form, name)->PictureUp(), skin->VeryWideButton());
+            EXPECT_EQ(Of<LarkButton>(form, name)->PictureDown(), skin->VeryWideButtonPressed());
+        }
+    });
+}
+
+TEST_F(Options, TheSwitchesShowWhatIsInForce)
+{
+    for (const bool sound : {false, true})
+        for (const bool white : {false, true}) {
+            modMain::SoundOn = sound;
+            modMain::WhiteBackground = white;
+            Show([&](frmOptions &form) {
+                EXPECT_EQ(Of<QCheckBox>(form, "chkSoundOn")->isChecked(), sound);
+                EXPECT_EQ(Of<QCheckBox>(form, "chkWhiteBackground")->isChecked(), white);
+            });
+        }
+}
+
 TEST_F(Options, OnASmallScreenTheListHoldsOnlySkinsThatFit)
 {
     GivenSkin(QStringLiteral("Huge"), "[Graphics]\r\nMinX=1024\r\n");
@@ -160,6 +205,7 @@ TEST_F(Options, OKAppliesSkinAndSwitchesBeforeTheWindowTakesTheSkin)
     EXPECT_FALSE(m_Form.SoundOn);
     EXPECT_TRUE(m_Form.WhiteBackground);
     EXPECT_FALSE(m_Form.DialogShows) << "hidden before the window repaints";
+    EXPECT_TRUE(Heard(QStringLiteral("highbeep")));
 }
 
 TEST_F(Options, OKWithoutTouchingTheListSetsTheSameSkinAgain)
@@ -295,6 +341,36 @@ TEST(RoundRect, DefaultsAreThoseOfANewControl)
     EXPECT_EQ(control.BorderStyle, 0);
     EXPECT_EQ(static_cast<std::uint32_t>(control.BackColor()), 0x8000000FU);
     EXPECT_EQ(control.ForeColor(), 0xC0FFC0);
+}
+
+TEST(RoundRect, ANewControlHasTheGroundOfTheDesktopsButtonsAndItsContainersFont)
+{
+    QWidget container;
+    QFont font = container.font();
+    font.setPointSize(font.pointSize() + 7);
+    container.setFont(font);
+    QPalette palette = container.palette();
+    palette.setColor(QPalette::Button, QColor(12, 34, 56));
+    container.setPalette(palette);
+    ctlRoundRect control(&container);
+    EXPECT_EQ(control.Font.pointSize(), font.pointSize());
+    control.resize(60, 40);
+    const QImage picture = control.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(30, 20), QColor(12, 34, 56));
+    EXPECT_EQ(picture.pixelColor(30, 0), QColor(0xC0, 0xFF, 0xC0));
+}
+
+TEST(RoundRect, ItIsPaintedAnewInEachSize)
+{
+    ctlRoundRect control;
+    control.SetForeColor(0xFF0000); // blue
+    for (const QSize size : {QSize(60, 40), QSize(120, 90), QSize(30, 24)}) {
+        control.resize(size);
+        const QImage picture = control.grab().toImage();
+        EXPECT_EQ(picture.pixelColor(size.width() - 1, size.height() / 2), QColor(Qt::blue));
+        EXPECT_EQ(picture.pixelColor(size.width() / 2, size.height() - 1), QColor(Qt::blue));
+        EXPECT_NE(picture.pixelColor(size.width() - 1, size.height() - 1), QColor(Qt::blue)) << "round";
+    }
 }
 
 #include "TestfrmOptions.moc"
