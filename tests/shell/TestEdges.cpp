@@ -5,6 +5,7 @@
 #include "platform/SoundBuffer.h"
 #include "platform/SoundDevice.h"
 
+#include "services/CSound.h"
 #include "services/colSound.h"
 #include "services/modDX.h"
 #include "services/modHelp.h"
@@ -29,10 +30,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextEdit>
 #include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace
 {
@@ -49,6 +53,16 @@ protected:
 
     /// Whether the loop that runs with a game is heard. With the loopback device.
     static bool Hums() { return modMain::ShellSounds->Item(QStringLiteral("hum")).DSBuffer()->IsPlaying(); }
+
+    /// An effect in the folder of the game that runs.
+    CSound &SoundOfTheGame()
+    {
+        CGame &game = *modMain::CurrentGame;
+        QDir(game.Path()).mkdir(QStringLiteral("sounds"));
+        EXPECT_TRUE(QFile::copy(Program.Folder.Path() + QStringLiteral("sounds/ding.wav"),
+                                game.Path() + QStringLiteral("/sounds/tick.wav")));
+        return game.Sounds().Item(QStringLiteral("tick"));
+    }
 
     struct Wish
     {
@@ -118,11 +132,15 @@ TEST_F(Edges, OptionsWhileAGameRunsChangeSkinSoundAndBackgroundAndTheGameGoesOn)
     StartWorkoutGame();
     Game.TakeVerbs();
     ASSERT_TRUE(Hums());
+    CSound &tick = SoundOfTheGame();
+    tick.Play(1);
+    ASSERT_TRUE(tick.DSBuffer()->IsPlaying());
     SetOptions({.Skin = QStringLiteral("Wide"), .Sound = false, .White = true});
     EXPECT_EQ(Plain(modMain::CurrentSkin->Name()), "Wide");
     EXPECT_EQ(Program.Find("picPrint")->width(), 560);
     EXPECT_FALSE(modMain::SoundOn);
     EXPECT_FALSE(Hums());
+    EXPECT_FALSE(tick.DSBuffer()->IsPlaying()) << "the game's own, too";
     EXPECT_EQ(GroundOfTheGameArea(), 0xffffffffU);
     EXPECT_EQ(Plain(Game.TakeVerbs()), "changeskin 0 0");
     EXPECT_EQ(Mode(), 3);
@@ -130,6 +148,7 @@ TEST_F(Edges, OptionsWhileAGameRunsChangeSkinSoundAndBackgroundAndTheGameGoesOn)
     EXPECT_TRUE(Program.Find<QTimer>("tmrShowTime")->isActive()) << "the clock never stopped";
     SetOptions({.Skin = QStringLiteral("Wide"), .Sound = true, .White = false});
     EXPECT_TRUE(Hums()) << "the loops go on";
+    EXPECT_TRUE(tick.DSBuffer()->IsPlaying());
     EXPECT_NE(GroundOfTheGameArea(), 0xffffffffU);
 }
 
@@ -278,6 +297,34 @@ TEST_F(Edges, TheHookIsNotLiveWhileADialogIsOpen)
     Program.Window().close();
     EXPECT_FALSE(wasLive);
     EXPECT_TRUE(RunningProgram::Until([&] { return modWheel::HookedForm() == &Program.Window(); }));
+}
+
+TEST_F(Edges, AMessageOfTheUploadStandsOverItsDialogAndIsAnsweredThere)
+{
+    Program.Folder.Write(QStringLiteral("Settings.ini"), "[Settings]\r\nOnline=1\r\nEmail=a@example.org\r\n");
+    StartWithAnn();
+    QPointer<QWidget> dialog;
+    bool wasOver = false;
+    bool wasThereAgain = false;
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, [&] {
+        dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || dialog->objectName() != u"frmUpload" || !dialog->isActiveWindow()) return;
+        hand.stop();
+        Program.AnswerNextBox("cmd2", {}, [&] {
+            const QWidget *const box = QApplication::activeModalWidget();
+            wasOver = dialog->isVisible() && box->windowHandle()->transientParent() == dialog->windowHandle();
+        });
+        Program.Click(dialog->findChild<LarkButton *>(QStringLiteral("butUpload")));
+        wasThereAgain = QApplication::activeModalWidget() == dialog;
+        Program.Click(dialog->findChild<LarkButton *>(QStringLiteral("butOK")));
+    });
+    hand.start(5);
+    Program.Click("butUpload");
+    EXPECT_EQ(Plain(Program.Boxes.last()), "No games to upload.");
+    EXPECT_TRUE(wasOver) << "not beside it, over the main window";
+    EXPECT_TRUE(wasThereAgain);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(Edges, TheProgramMayBeEndedWhileAClosedUploadHasItsLastRequestUnderWay)
