@@ -214,7 +214,10 @@ TEST_F(Face, TheWheelIsHookedOnlyWhileTheWindowIsActive)
 TEST_F(Face, TheWheelChangesNothing)
 {
     StartWithAnn();
-    Program.Window().MouseWheel(1, 0, 100, 100);
+    // By name, as the hook calls it.
+    ASSERT_TRUE(QMetaObject::invokeMethod(&Program.Window(), "MouseWheel", Q_ARG(std::int32_t, 1),
+                                          Q_ARG(std::int32_t, 0), Q_ARG(std::int32_t, 100),
+                                          Q_ARG(std::int32_t, 100)));
     EXPECT_EQ(Screens(), "ctlGameList1 PlayerName1");
 }
 
