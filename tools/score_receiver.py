@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A score site in forty lines: score_receiver.py FILE [PORT]. Keeps results in an SQLite file and shows them at "/".
+"""A score site in some forty lines of code: score_receiver.py FILE [PORT]. Keeps results in SQLite, shows them at "/".
 
 What the program sends, and how a site of your own should answer, is told in docs/upload.md.
 """
