@@ -338,6 +338,23 @@ TEST_F(Help, EveryLinkAndPictureOfEveryPageIsThere)
     EXPECT_GT(count, 25);
 }
 
+TEST_F(Help, EveryEntryOfItsIndexLeadsToAPlaceInTheFile)
+{
+    const ChmFile help(QStringLiteral(NOGGLE_HELP));
+    EXPECT_FALSE(help.Read(QStringLiteral("/$WWKeywordLinks/BTree")).isEmpty()) << "as viewers look it up";
+    const QString index = QString::fromUtf8(help.Read(QStringLiteral("/index.hhk")));
+    static const QRegularExpression local(QStringLiteral("name=\"Local\" value=\"([^\"]+)\""));
+    int count = 0;
+    for (auto found = local.globalMatch(index); found.hasNext(); ++count) {
+        const QString target = found.next().captured(1);
+        const QByteArray page = help.Read(target.section(u'#', 0, 0));
+        EXPECT_FALSE(page.isEmpty()) << target.toStdString();
+        const QByteArray anchor = target.section(u'#', 1).toUtf8();
+        EXPECT_TRUE(anchor.isEmpty() || page.contains("name=\"" + anchor + '"')) << target.toStdString();
+    }
+    EXPECT_GT(count, 15);
+}
+
 TEST_F(Help, EveryPageFitsTheWindowsWidth)
 {
     GivenHelp();

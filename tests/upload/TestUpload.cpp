@@ -292,6 +292,20 @@ TEST_F(Upload, AControlByteIsNeverSentAndStopsTheRunLikeAnyError)
     }
 }
 
+TEST_F(Upload, TheInterfaceHasItsTurnBeforeAResultThoughNoRequestIsMade)
+{
+    Practised(*GivenPlayer(QStringLiteral("Ann\tBob")), Arrows(), 5);
+    QString seen;
+    QTimer eye;
+    Show([&](frmUpload &form) {
+        QObject::connect(&eye, &QTimer::timeout, [&] { seen = Of<TransLabel>(form, "lblProgress")->Caption(); });
+        eye.start(0);
+        Click(form, "butUpload");
+        eye.stop();
+    });
+    EXPECT_EQ(seen, QStringLiteral("Uploading game 1 of 1"));
+}
+
 TEST_F(Upload, AStoreThatFailsAfterTheSiteSaidYesIsToldAndTheRunGoesOn)
 {
     HttpServer site(HttpServer::Ok());
