@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollArea>
@@ -46,7 +47,8 @@ using modMain::Word;
 int HeightOf(const QString &text, const QFont &font, int width)
 {
     QString lines = text;
-    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    static const QRegularExpression lineBreak(QStringLiteral("\r*\n|\r")); // as the label breaks them
+    lines.replace(lineBreak, QStringLiteral("\n"));
     const QRect area(0, 0, width, QWIDGETSIZE_MAX);
     const int flags = Qt::TextWordWrap | Qt::TextWrapAnywhere | Qt::AlignHCenter;
     // An empty last line counts: it is where a description would stand.

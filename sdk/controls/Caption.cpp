@@ -20,7 +20,8 @@ constexpr int EndlessHeight = EndlessWidth;
 
 QStringList ParagraphsOf(const QString &Text)
 {
-    static const QRegularExpression lineBreak(QStringLiteral("\r\n|\r|\n"));
+    // A line that was cut behind its CR has one more.
+    static const QRegularExpression lineBreak(QStringLiteral("\r*\n|\r"));
     return Text.split(lineBreak);
 }
 

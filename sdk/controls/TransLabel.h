@@ -1,5 +1,5 @@
 // A line or block of plain text on transparent ground. A caption that does not fit is drawn smaller before it is cut.
-// CR LF breaks a line. Its accessible name is its caption.
+// CR LF breaks a line, and so do CR, LF and CR CR LF. Its accessible name is its caption.
 #pragma once
 
 #include <QColor>

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <vector>
 
 namespace
 {
@@ -248,6 +249,28 @@ TEST_F(MsgBox, AnEmptyDescriptionLeavesAnEmptySecondLine)
         EXPECT_EQ(Of<TransLabel>(box, "Label")->Caption(), QStringLiteral("a\nb\nc\nError\r\n"));
     });
     EXPECT_GT(two, one + 10);
+}
+
+TEST_F(MsgBox, ALineThatWasCutBehindItsCRIsBrokenOnceAndKeepsItsSize)
+{
+    GivenDeliveredSkin(QStringLiteral("Meadow"));
+    const QString told =
+        QStringLiteral("Error uploading:\r\nHTTP/1.1 404 Not Found%1\r\nFor help on this error visit "
+                       "http://noggle.example.org/upload-help");
+    std::vector<QImage> shown;
+    for (const char *cut : {"", "\r"}) {
+        const QString message = told.arg(QLatin1String(cut));
+        constexpr int small = 12; // [points]
+        Ask(
+            message, OKOnly,
+            [&](frmMsgBox &box) {
+                EXPECT_EQ(Of<TransLabel>(box, "Label")->Caption(), message);
+                shown.push_back(box.grab().toImage());
+                Keep(box, QStringLiteral("msgbox-upload-error"));
+            },
+            nullptr, nullptr, small);
+    }
+    EXPECT_EQ(shown[0], shown[1]);
 }
 
 TEST_F(MsgBox, MarkupIsPlainText)
