@@ -5,8 +5,10 @@
 #include "platform/Clock.h"
 #include "sdk/controls/LarkButton.h"
 #include "sdk/controls/cTransPictureBox.h"
+#include "services/colSound.h"
 #include "services/modIniFile.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QLocale>
 #include <QTest>
@@ -195,6 +197,28 @@ TEST_F(Upload, TheSitesOfTheSettingsAreReadAndNeverWritten)
     EXPECT_TRUE(TakeMessage().endsWith(QStringLiteral("/For help on this error visit help.example.org/a b")));
 }
 
+TEST_F(Upload, WithoutAKeptAddressItsFieldIsEmptyAndNoKeyIsMade)
+{
+    m_Store.Folder().Write(QStringLiteral("Settings.ini"), "[Settings]\r\nSkin=Night\r\n");
+    Show([&](frmUpload &form) {
+        EXPECT_EQ(Of<QLineEdit>(form, "txtEmail")->text(), QString());
+        Click(form, "butUpload");
+        EXPECT_EQ(TakeMessage(), QStringLiteral("Please enter your email address"));
+    });
+    EXPECT_EQ(m_Store.Folder().Read(QStringLiteral("Settings.ini")), "[Settings]\r\nSkin=Night\r\n");
+}
+
+TEST_F(Upload, ItsButtonsAreSilent)
+{
+    modMain::ShellSounds = std::make_shared<colSound>(true);
+    Show([&](frmUpload &form) {
+        Click(form, "butUpload");
+        Click(form, "butOK");
+    });
+    EXPECT_EQ(modMain::ShellSounds->Count(), 0) << "an effect is loaded when it is first played";
+    modMain::ShellSounds.reset();
+}
+
 TEST_F(Upload, WithoutAnAddressAsksForItAndChangesNothing)
 {
     HttpServer site(HttpServer::Ok());
@@ -351,11 +375,14 @@ TEST_F(Upload, MessagesHaveNoParentAndTheErrorIsSmaller)
                             std::int32_t FontSize) override
         {
             Sizes.push_back(FontSize);
+            const QWidget *const dialog = QApplication::activeModalWidget();
+            Counts << dialog->findChild<QWidget *>(QStringLiteral("lblProgress"))->isVisible();
             EXPECT_EQ(Parent, nullptr);
             EXPECT_EQ(Options, 0);
             return RecordingFramework::MsgBox(Message, Options, Parent, Answer, FontSize);
         }
         std::vector<int> Sizes;
+        QList<bool> Counts; // whether the dialog still shows how far the run has come
     };
     const auto framework = std::make_shared<Sized>();
     modMain::Framework = framework;
@@ -376,4 +403,5 @@ TEST_F(Upload, MessagesHaveNoParentAndTheErrorIsSmaller)
               (QStringList{QStringLiteral("Please enter your email address"), QStringLiteral("No games to upload."),
                            QStringLiteral("Error uploading:"), QStringLiteral("All games uploaded.")}));
     EXPECT_EQ(framework->Sizes, (std::vector<int>{16, 16, 12, 16}));
+    EXPECT_EQ(framework->Counts, (QList<bool>{false, false, true, true})) << "the dialog is idle after the message";
 }
