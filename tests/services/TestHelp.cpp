@@ -281,6 +281,33 @@ TEST_F(Help, SearchFindsEachPlaceInThePageAndBeginsAnewAtItsEnd)
     Keep("help-options");
 }
 
+TEST_F(Help, SearchAndTheWayBackHaveTheirKeys)
+{
+    GivenHelp();
+    modHelp::ShowHelp(nullptr);
+    ASSERT_NE(Window(), nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Window()));
+    auto *words = Of<QLineEdit>("txtSearch");
+    auto *page = Of<HelpPage>("txtPage");
+    ClickLine("Options");
+    QTest::keySequence(page, QKeySequence::Find);
+    ASSERT_TRUE(words->hasFocus());
+    QTest::keyClicks(words, QStringLiteral("white"));
+    QTest::keyClick(words, Qt::Key_Return);
+    const int first = page->textCursor().position();
+    QTest::keySequence(words, QKeySequence::FindNext);
+    EXPECT_GT(page->textCursor().position(), first);
+    QTest::keySequence(words, QKeySequence::FindPrevious);
+    EXPECT_EQ(page->textCursor().position(), first);
+    QTest::keySequence(words, QKeySequence::FindPrevious);
+    EXPECT_GT(page->textCursor().position(), first) << "once more from the end";
+    QTest::keySequence(page, QKeySequence::Back);
+    EXPECT_EQ(Heading(), QStringLiteral("Welcome to Noggle"));
+    page->setFocus();
+    QTest::keyClick(page, Qt::Key_Escape);
+    EXPECT_EQ(Window(), nullptr);
+}
+
 TEST_F(Help, AskedForAgainIsTheSameWindowOnItsFirstPage)
 {
     GivenHelp();
