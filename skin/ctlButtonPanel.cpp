@@ -59,8 +59,13 @@ ctlButtonPanel::ctlButtonPanel(QWidget *Container)
     WatchForTab();
     setFocusPolicy(Qt::TabFocus); // the mouse leaves the focus where it is
     picPanel->setObjectName(QStringLiteral("picPanel"));
-    tmrMouse.setInterval(TimerInterval);
-    tmrClick.setInterval(TimerInterval);
+    const auto name = [this](QTimer &timer, const QString &called) {
+        timer.setParent(this);
+        timer.setObjectName(called);
+        timer.setInterval(TimerInterval);
+    };
+    name(tmrMouse, QStringLiteral("tmrMouse"));
+    name(tmrClick, QStringLiteral("tmrClick"));
     connect(&tmrMouse, &QTimer::timeout, this, &ctlButtonPanel::MouseTick);
     connect(&tmrClick, &QTimer::timeout, this, [this] {
         ClearSelected();

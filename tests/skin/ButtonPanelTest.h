@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
@@ -67,6 +68,12 @@ protected:
     {
         const PanelSurface *surface = Surface(kind, row);
         return surface != nullptr && surface->isVisible();
+    }
+    const QTimer &Timer(const char *name) const
+    {
+        const auto *timer = m_Panel.findChild<QTimer *>(QLatin1String(name));
+        if (timer == nullptr) qFatal("no timer named %s", name);
+        return *timer;
     }
     QStringList Clicks() const
     {

@@ -22,6 +22,14 @@ namespace
 class PanelFace : public ButtonPanelTest
 {
 protected:
+    static QColor Darkest(const QImage &row)
+    {
+        QRgb darkest = 0xffffffff;
+        for (int y = 0; y < row.height(); ++y)
+            for (int x = 0; x < row.width(); ++x)
+                if (qGray(row.pixel(x, y)) < qGray(darkest)) darkest = row.pixel(x, y);
+        return QColor(darkest);
+    }
     /// How many pixels of the outermost column differ from the ground above them.
     static int InkAtTheRightEdge(const QImage &row)
     {
@@ -149,6 +157,48 @@ TEST_F(PanelFace, ACaptionStandsInTheMiddleOfItsSurface)
     ASSERT_GE(above, 0);
     for (const auto &[more, top] : std::map<int, int>{{1, 0}, {2, 1}, {3, 2}, {4, 2}, {5, 2}, {6, 3}, {7, 4}, {9, 4}})
         EXPECT_EQ(firstInk(text + more), above + top) << more;
+}
+
+// A number of the settings has red in its lowest byte.
+TEST_F(PanelFace, CaptionsHaveTheSkinsColourForMenusOnEverySurface)
+{
+    GivenSkin(QStringLiteral("Blue"), "[colours]\r\nMenuLabel=255\r\nDialogText=16711680\r\n");
+    for (const char *file : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"})
+        m_Folder.Write(QStringLiteral("skins/Blue/") + QLatin1String(file), Gif(200, 80, 0xffffffff));
+    modMain::CurrentSkin = std::make_shared<CSkin>();
+    modMain::CurrentSkin->SetName(QStringLiteral("Blue"));
+    ShowFilled(1);
+    for (const char *kind : {"picNormal", "picHover", "picSelected"}) {
+        const QColor ink = Darkest(Surface(kind, 1)->Image());
+        EXPECT_GT(ink.red(), 240) << kind;
+        EXPECT_LT(ink.green(), 100) << kind;
+        EXPECT_LT(ink.blue(), 100) << kind;
+    }
+    modMain::CurrentSkin = nullptr;
+    Fill(1);
+    EXPECT_LT(Darkest(Surface("picNormal", 1)->Image()).red(), 100) << "black without a skin";
+}
+
+TEST_F(PanelFace, ACaptionThatMayBreakBeginsTwoBelowTheTopAndNeedsNoSmallerLetters)
+{
+    const QString text = QStringLiteral("HH HH HH");
+    const auto inkOf = [&](int flags) {
+        QImage surface(50, 120, QImage::Format_RGB32);
+        surface.fill(Qt::white);
+        modMain::DrawCaption(m_Panel.TheFont(), surface, text, 5, flags, false);
+        QRect ink;
+        for (int y = 0; y < surface.height(); ++y)
+            for (int x = 0; x < surface.width(); ++x)
+                if (surface.pixel(x, y) != 0xffffffff) ink |= QRect(x, y, 1, 1);
+        return ink;
+    };
+    const QRect broken = inkOf(modMain::WordBreak), single = inkOf(0);
+    EXPECT_GE(broken.top(), 2);
+    EXPECT_LT(broken.top(), 2 + QFontMetrics(m_Panel.TheFont()).height());
+    EXPECT_GT(broken.height(), QFontMetrics(m_Panel.TheFont()).height()) << "lines";
+    EXPECT_GE(broken.left(), 5);
+    EXPECT_LT(single.height(), QFontMetrics(m_Panel.TheFont()).height()) << "one line";
+    EXPECT_NEAR(single.center().y(), 60, 4) << "in the middle";
 }
 
 TEST_F(PanelFace, AnotherSkinRepaintsEverySurfaceAndKeepsRowsAndKeys)

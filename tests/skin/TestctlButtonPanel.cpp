@@ -178,8 +178,47 @@ TEST_F(ButtonPanel, AtRestNoTimerRuns)
 {
     ShowFilled(3);
     MoveTo(Middle(2));
+    EXPECT_TRUE(Timer("tmrMouse").isActive()) << "since the pointer came";
     QTest::qWait(AfterFlash);
-    for (const QTimer *timer : m_Panel.findChildren<QTimer *>()) EXPECT_FALSE(timer->isActive());
+    for (const char *name : {"tmrMouse", "tmrClick"}) EXPECT_FALSE(Timer(name).isActive()) << name;
+}
+
+TEST_F(ButtonPanel, AWanderingPointerDoesNotPutTheEndOfTheHoverOff)
+{
+    ShowFilled(3);
+    MoveTo(Middle(1));
+    const QTimer &mouse = Timer("tmrMouse");
+    ASSERT_TRUE(mouse.isActive());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !mouse.isActive() || mouse.remainingTime() < mouse.interval() - 80; }));
+    if (!mouse.isActive()) GTEST_SKIP() << "the machine was too busy to look in time";
+    const int before = mouse.remainingTime();
+    MoveTo(Middle(2));
+    EXPECT_TRUE(Shows("picHover", 2));
+    EXPECT_TRUE(!mouse.isActive() || mouse.remainingTime() <= before);
+}
+
+TEST_F(ButtonPanel, AnotherPressDoesNotPutTheEndOfTheFlashOff)
+{
+    ShowFilled(3);
+    m_Panel.SetSelection(1);
+    const QTimer &flash = Timer("tmrClick");
+    ASSERT_TRUE(flash.isActive());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !flash.isActive() || flash.remainingTime() < flash.interval() - 80; }));
+    if (!flash.isActive()) GTEST_SKIP() << "the machine was too busy to look in time";
+    const int before = flash.remainingTime();
+    m_Panel.SetSelection(2);
+    EXPECT_TRUE(!flash.isActive() || flash.remainingTime() <= before);
+}
+
+TEST_F(ButtonPanel, AnyButtonOfTheMousePresses)
+{
+    ShowFilled(2);
+    MoveTo(Middle(2));
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(m_Window.windowHandle(), button, {}, Middle(2));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !Shows("picSelected", 2); })) << "a selected row feels nothing";
+    }
+    EXPECT_EQ(Clicks(), (QStringList{KeyOf(2), KeyOf(2), KeyOf(2)}));
 }
 
 TEST_F(ButtonPanel, TheHostsOwnSelectionIsAPressWithoutItsSound)
