@@ -58,7 +58,6 @@ void Region::ScanPicture(const QImage &Picture, std::int32_t &TransColour)
     for (int row = 0; row < m_DIB.Height(); ++row) // rows of the picture, top down; the section begins at the bottom
         ScanRow(m_DIB.PixelsOf(m_DIB.Height() - 1 - row), row, TransColour);
     BuildRgn();
-    m_DIB = cDIBSection(); // as large as the picture
 }
 
 void Region::ScanRow(const QRgb *pixels, int row, std::int32_t key)

@@ -49,6 +49,6 @@ private:
     void BuildRgn();
 
     QRegion m_Rgn;
-    cDIBSection m_DIB;
+    cDIBSection m_DIB; // of the last picture, whose memory it shares
     std::vector<Run> m_Runs;
 };

@@ -24,7 +24,12 @@ public:
         std::uint16_t biBitCount = 24;
         std::uint32_t biCompression = 0;
         std::uint32_t biSizeImage = 0; // [bytes]
+        std::int32_t biXPelsPerMeter = 0;
+        std::int32_t biYPelsPerMeter = 0;
+        std::uint32_t biClrUsed = 0;
+        std::uint32_t biClrImportant = 0;
     };
+    static_assert(sizeof(Header) == 40);
 
     /// Fills the header and takes the memory. Answer: false for a size that is empty or can't be had.
     bool CreateDIB(std::int32_t Width, std::int32_t Height);

@@ -189,6 +189,15 @@ TEST(Region, AFormWithABorderMovesTheOutlineByItsSideAndItsTitle)
     EXPECT_EQ(region.Rgn().boundingRect().topLeft(), QPoint(1 + 3, 130 - 101 - 3));
 }
 
+TEST(Region, ABorderOfHalfAPixelGoesToTheEvenSide)
+{
+    for (const auto &[border, side] : {std::pair(5, 2), std::pair(7, 4)}) {
+        Region region = Scanned({".#..", "...."});
+        region.OffsetHeader(1, {100 + border, 120}, {100, 100});
+        EXPECT_EQ(region.Rgn().boundingRect().topLeft(), QPoint(1 + side, 20 - side)) << border;
+    }
+}
+
 TEST(Region, AWindowIsCutAndTheRegionStays)
 {
     QWidget window;
@@ -214,6 +223,40 @@ TEST(Region, AnOutlineTooFineForWindowsIsRefusedInWords)
     EXPECT_TRUE(window.mask().isEmpty());
 }
 
+// Each second pixel of a row, moved by one in each second row: no two rectangles become one.
+TEST(Region, AnOutlineOf25000RectanglesIsTakenAndOneMoreIsNot)
+{
+    constexpr int perRow = 250, rows = 100;
+    const std::string even = "#.", odd = ".#";
+    Rows picture;
+    for (int row = 0; row < rows; ++row) {
+        std::string line;
+        for (int pair = 0; pair < perRow; ++pair) line += row % 2 == 0 ? even : odd;
+        picture.push_back(line + "..");
+    }
+    QWidget window;
+    const Region largest = Scanned(picture);
+    ASSERT_EQ(largest.Rgn().rectCount(), Region::MostRectangles);
+    largest.ApplyRgn(window);
+    EXPECT_EQ(window.mask(), largest.Rgn());
+    picture.insert(picture.begin(), "." + std::string(2 * perRow, '#') + ".");
+    const Region larger = Scanned(picture);
+    ASSERT_EQ(larger.Rgn().rectCount(), Region::MostRectangles + 1);
+    EXPECT_THROW(larger.ApplyRgn(window), RuntimeError);
+    EXPECT_EQ(window.mask(), largest.Rgn()) << "the window keeps its own";
+}
+
+TEST(Region, AnotherPictureLeavesNothingOfTheFormerOne)
+{
+    Region region;
+    for (const Rows &rows : {Rows{"####", "...."}, Rows{"..", ".#", ".."}, Rows{".#.", "..."}}) {
+        std::int32_t key = Region::UseCorner;
+        region.ScanPicture(Picture(rows), key);
+        EXPECT_EQ(region.Runs(), Scanned(rows).Runs());
+        EXPECT_EQ(region.Rgn(), Scanned(rows).Rgn());
+    }
+}
+
 TEST(DIBSection, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
 {
     cDIBSection section;
@@ -222,6 +265,11 @@ TEST(DIBSection, RowsStandBottomUpInBlueGreenRedPaddedToFourBytes)
     EXPECT_EQ(section.Height(), 2);
     EXPECT_EQ(section.BytesPerScanLine(), 12);
     EXPECT_EQ(section.BitmapInfo().biSizeImage, 24U);
+    EXPECT_EQ(section.BitmapInfo().biSize, 40U);
+    EXPECT_EQ(section.BitmapInfo().biHeight, 2) << "positive: bottom up";
+    EXPECT_EQ(section.BitmapInfo().biPlanes, 1);
+    EXPECT_EQ(section.BitmapInfo().biBitCount, 24);
+    EXPECT_EQ(section.BitmapInfo().biCompression, 0U);
     const std::uint8_t *bits = section.DIBSectionBitsPtr();
     EXPECT_EQ(std::vector<int>(bits, bits + 9), (std::vector<int>{255, 255, 255, 30, 20, 10, 0, 0, 0}));
     EXPECT_EQ(std::vector<int>(bits + 12, bits + 18), (std::vector<int>{0, 0, 255, 255, 0, 0}));
