@@ -232,6 +232,65 @@ TEST_F(Skin, APictureOfAnotherLetterCaseIsFound)
     EXPECT_EQ(skin.WideButton().width(), 7);
 }
 
+TEST_F(Skin, SettingsOfAnotherLetterCaseAreReadAndWrittenWhereTheyStand)
+{
+    GivenSkin(Blue);
+    Remove("Skin.ini");
+    Write("SKIN.INI", "[CUSTOMIZE]\r\ncustomize=1\r\n[position]\r\nMINIMIZELEFT=5\r\nmenuleft=7\r\n");
+    Write("custom.INI", "[Position]\r\nMenuLeft=8\r\n");
+    CSkin skin;
+    skin.SetName(Blue);
+    EXPECT_EQ(skin.MenuLeft, 8);
+    EXPECT_EQ(skin.Param(QStringLiteral("Position"), QStringLiteral("MinimizeLeft")), QStringLiteral("5"));
+    EXPECT_TRUE(File("SKIN.INI").contains("MenuTop=0")) << "filled up";
+    EXPECT_TRUE(File("custom.INI").contains("MenuTop=0"));
+    skin.SaveCustomSettings();
+    EXPECT_FALSE(Has("Skin.ini")) << "no second one beside it";
+    EXPECT_FALSE(Has("Custom.ini"));
+}
+
+TEST_F(Skin, ANameWithoutAFolderFailsAndMakesNone)
+{
+    GivenSkin(Blue);
+    CSkin skin;
+    EXPECT_THROW(skin.SetName(QStringLiteral("Bleu")), RuntimeError);
+    EXPECT_FALSE(QDir(m_Folder.Path() + QStringLiteral("skins/Bleu")).exists());
+    skin.SaveCustomSettings();
+    EXPECT_EQ(skin.Param(QStringLiteral("Position"), QStringLiteral("MinimizeLeft")), QString());
+    EXPECT_EQ(QDir(m_Folder.Path() + QStringLiteral("skins")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList{Blue});
+}
+
+TEST_F(Skin, AStrayFileFailsAndStaysAFile)
+{
+    m_Folder.Write(QStringLiteral("skins/notes"), "mine");
+    CSkin skin;
+    EXPECT_THROW(skin.SetName(QStringLiteral("notes")), RuntimeError);
+    EXPECT_EQ(m_Folder.Read(QStringLiteral("skins/notes")), "mine");
+}
+
+TEST_F(Skin, SettingAFieldChangesNoFile)
+{
+    CSkin &skin = Loaded();
+    const QByteArray before = File("Skin.ini");
+    skin.Font = QStringLiteral("Inter");
+    skin.GridColour = 7;
+    skin.MenuTop = 9;
+    skin.Customize = skin.ShowPuzzlePic = true;
+    EXPECT_EQ(File("Skin.ini"), before);
+    EXPECT_FALSE(Has("Custom.ini"));
+}
+
+TEST_F(Skin, ALoadThatFailsKeepsWhatItHasReadSoFar)
+{
+    GivenSkin(Blue, "[colours]\r\nDialogText=3\r\n[Position]\r\nGameAreaLeft=4\r\nLogoLeft=x\r\nMenuTop=5\r\n");
+    CSkin skin;
+    EXPECT_THROW(skin.SetName(Blue), RuntimeError);
+    EXPECT_EQ(skin.DialogTextColour, 3);
+    EXPECT_EQ(skin.GameAreaLeft, 4);
+    EXPECT_EQ(skin.MenuTop, 0) << "it stands behind the one that is no number";
+}
+
 TEST_F(Skin, ANamedPictureThatIsMissingIsEmptyForGood)
 {
     CSkin &skin = Loaded();
@@ -318,6 +377,49 @@ TEST_F(Skin, PaintPicTakesThePieceAtTheChosenCorner)
     EXPECT_EQ(at(0, 0), QColor(Qt::green));
     EXPECT_THROW(skin.PaintPic(target, 0, true, false), RuntimeError);
     EXPECT_THROW(skin.PaintPic(target, 6, true, false), RuntimeError);
+}
+
+TEST_F(Skin, PaintPicTakesEachOfTheFourCornersUnstretched)
+{
+    // Eight columns and six rows: red and green at the top, blue and white at the bottom, halved in the middle.
+    const QList<QRgb> colours{0xffff0000, 0xff00ff00, 0xff0000ff, 0xffffffff};
+    GivenSkin(Blue);
+    Write("ButtonBackground.gif",
+          GifBytes({8, 6}, colours, [](int x, int y) { return (y < 3 ? 0 : 2) + (x < 4 ? 0 : 1); }));
+    CSkin skin;
+    skin.SetName(Blue);
+    PicBox target;
+    target.SetSize(5, 4);
+    const struct
+    {
+        bool FromTop, FromLeft;
+        int Column, Row; // of the target, where the halves meet
+    } corners[] = {{true, true, 4, 3}, {true, false, 1, 3}, {false, true, 4, 1}, {false, false, 1, 1}};
+    for (const auto &corner : corners) {
+        skin.PaintPic(target, 1, corner.FromTop, corner.FromLeft);
+        for (int y = 0; y < 4; ++y)
+            for (int x = 0; x < 5; ++x)
+                EXPECT_EQ(target.Image().pixel(x, y), colours[(y < corner.Row ? 0 : 2) + (x < corner.Column ? 0 : 1)])
+                    << corner.FromTop << corner.FromLeft << " at " << x << "," << y;
+    }
+}
+
+TEST_F(Skin, TheTransparentColourOfAPanelPictureIsPaintedLikeAnyOther)
+{
+    QByteArray gif = Gif(4, 4, 0xffff0000);
+    gif.insert(gif.indexOf(','), QByteArray("!\xF9\4\1\0\0\0\0", 8)); // entry 0 is transparent
+    GivenSkin(Blue);
+    for (const char *name : {"ButtonBackground.gif", "ButtonHighlight.gif", "ButtonSelected.gif"}) Write(name, gif);
+    CSkin skin;
+    skin.SetName(Blue);
+    PicBox target;
+    target.SetSize(4, 4);
+    target.BackColour = Qt::green;
+    for (int slot = 1; slot <= 3; ++slot) {
+        target.Image().fill(Qt::cyan); // what was there before
+        skin.PaintPic(target, slot, true, false);
+        for (int x = 0; x < 4; ++x) EXPECT_EQ(target.Image().pixel(x, x), 0xffff0000) << slot;
+    }
 }
 
 TEST_F(Skin, PanelSlotsAreBackgroundHighlightSelected)
