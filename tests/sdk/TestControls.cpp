@@ -14,6 +14,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cstdlib>
+
 namespace
 {
 QString S(const char *text) { return QString::fromUtf8(text); }
@@ -150,6 +152,76 @@ TEST_F(Button, WithoutADownPictureTheUpPictureStays)
     EXPECT_EQ(Shot(m_Button).pixelColor(12, 12), QColor(250, 170, 40));
 }
 
+TEST_F(Button, ShowsItsDownPictureForAsLongAsItIsHeldDown)
+{
+    const QColor up(250, 170, 40), down(150, 90, 20);
+    m_Button.SetPictureUp(Pill({120, 24}, up));
+    m_Button.SetPictureDown(Pill({120, 24}, down));
+    const QPoint beside(12, 12); // the caption
+    EXPECT_EQ(Shot(m_Button).pixelColor(beside), up);
+    QTest::mousePress(&m_Button, Qt::LeftButton);
+    EXPECT_EQ(Shot(m_Button).pixelColor(beside), down);
+    QTest::mouseRelease(&m_Button, Qt::LeftButton);
+    EXPECT_EQ(Shot(m_Button).pixelColor(beside), up);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        QTest::keyPress(&m_Button, key);
+        EXPECT_EQ(Shot(m_Button).pixelColor(beside), down) << key;
+        QTest::keyRelease(&m_Button, key);
+        EXPECT_EQ(Shot(m_Button).pixelColor(beside), up) << key;
+    }
+}
+
+TEST_F(Button, WritesEveryCharacterForItselfAndSmallerBeforeItCuts)
+{
+    m_Button.SetFont(10, false);
+    const auto ink = [&](const char *caption) {
+        m_Button.SetPictureUp(Pill({120, 24}, Qt::white));
+        m_Button.SetForeColour(Qt::black);
+        m_Button.SetCaption(S(caption));
+        return Inked(Shot(m_Button));
+    };
+    EXPECT_GT(ink("A&B").width(), ink("AB").width());
+    EXPECT_GT(ink("<b>A</b>").width(), 3 * ink("A").width());
+    const QRect natural = ink("mmmm"), long_ = ink("mmmmmmmmmmmmmm");
+    EXPECT_LT(long_.height(), natural.height());
+    EXPECT_GE(long_.left(), 8);
+    EXPECT_LE(long_.right(), 111);
+    EXPECT_GT(long_.width(), 80) << "not cut by more than it had to";
+}
+
+TEST_F(Button, ItsCaptionHasTheColourThatItIsGiven)
+{
+    m_Button.SetPictureUp(Pill({120, 24}, Qt::white));
+    m_Button.SetForeColour(Qt::red);
+    const QImage shot = Shot(m_Button);
+    int red = 0;
+    for (int y = 0; y < shot.height(); ++y)
+        for (int x = 0; x < shot.width(); ++x) {
+            const QColor colour = shot.pixelColor(x, y);
+            EXPECT_GE(colour.red(), 250);
+            red += colour.green() < 100 && colour.blue() < 100 ? 1 : 0;
+        }
+    EXPECT_GT(red, 10);
+}
+
+// As for the rows of the menu: a line of the mark stands out from whatever the picture is.
+TEST_F(Button, TheFocusMarkCanBeSeenOnEveryPicture)
+{
+    m_Button.SetCaption({});
+    for (const int grey : {0, 64, 128, 192, 255}) {
+        m_Button.SetPictureUp(Pill({120, 24}, QColor(grey, grey, grey)));
+        QTest::mouseClick(&m_Button, Qt::LeftButton);
+        const QImage bare = Shot(m_Button, QColor(grey, grey, grey));
+        QTest::keyClick(&m_Button, Qt::Key_Tab);
+        const QImage marked = Shot(m_Button, QColor(grey, grey, grey));
+        int seen = 0;
+        for (int y = 0; y < marked.height(); ++y)
+            for (int x = 0; x < marked.width(); ++x)
+                seen += std::abs(qGray(marked.pixel(x, y)) - qGray(bare.pixel(x, y))) > 80 ? 1 : 0;
+        EXPECT_GT(seen, 2 * 100) << grey << ": at least a line above and one below";
+    }
+}
+
 TEST_F(Button, TheCaptionReadsOnDarkAndOnLightPictures)
 {
     EXPECT_EQ(Look::ReadableOn(Pill({120, 24}, QColor(20, 30, 60))), QColor(Qt::white));
@@ -199,6 +271,35 @@ TEST(Label, WritesEveryCharacterForItself)
     marked.SetCaption(S("A&B"));
     plain.SetCaption(S("AB"));
     EXPECT_GT(Inked(Shot(marked)).width(), Inked(Shot(plain)).width());
+}
+
+TEST(Label, StandsWhereItIsAlignedInItsOwnColourOnWhateverLiesBelow)
+{
+    TransLabel label;
+    label.resize(120, 60);
+    label.SetCaption(S("H"));
+    const auto ink = [&](Qt::Alignment alignment) {
+        label.SetAlignment(alignment);
+        return Inked(Shot(label));
+    };
+    EXPECT_LT(ink(Qt::AlignLeft | Qt::AlignTop).right(), 30);
+    EXPECT_LT(ink(Qt::AlignLeft | Qt::AlignTop).bottom(), 30);
+    EXPECT_GT(ink(Qt::AlignRight | Qt::AlignBottom).left(), 90);
+    EXPECT_GT(ink(Qt::AlignRight | Qt::AlignBottom).top(), 30);
+    const QPoint middle = ink(Qt::AlignCenter).center();
+    EXPECT_NEAR(middle.x(), 60, 2);
+    EXPECT_NEAR(middle.y(), 30, 4);
+    label.SetForeColour(Qt::red);
+    const QImage shot = Shot(label, Qt::yellow);
+    int red = 0;
+    for (int y = 0; y < shot.height(); ++y)
+        for (int x = 0; x < shot.width(); ++x) {
+            EXPECT_GE(shot.pixelColor(x, y).red(), 250);
+            EXPECT_EQ(shot.pixelColor(x, y).blue(), 0);
+            red += shot.pixelColor(x, y).green() < 100 ? 1 : 0;
+        }
+    EXPECT_GT(red, 5);
+    EXPECT_EQ(shot.pixelColor(0, 0), QColor(Qt::yellow));
 }
 
 TEST(Label, BreaksLinesAtCrLf)
