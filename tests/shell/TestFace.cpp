@@ -7,6 +7,7 @@
 #include "shell/program/modMain.h"
 #include "skin/CSkin.h"
 #include "skin/colSkin.h"
+#include "skin/ctlButtonPanel.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -171,6 +172,29 @@ TEST_F(Face, IsNotDraggedByWhatLiesOnIt)
         Drag(Qt::LeftButton, on(name));
         EXPECT_EQ(Program.Window().pos(), home) << name;
     }
+}
+
+TEST_F(Face, IsNotDraggedByMenuLogoButtonsAndAGame)
+{
+    StartWithAnn();
+    StartWorkoutGame();
+    Program.Find<ctlButtonPanel>("ctlButtonPanel1")->Enabled = false; // or the press would choose a row
+    Desktop desktop;
+    const QPoint home = Program.Window().pos();
+    QWindow *const window = Program.Window().windowHandle();
+    QList<QWidget *> controls{Game.Control()};
+    for (const char *name : {"ctlButtonPanel1", "picLogo", "picMinimize", "picClose", "ctlGamePlaySummary1"})
+        controls << Program.Find(name);
+    for (QWidget *control : controls) {
+        const QPoint from = control->mapTo(&Program.Window(), control->rect().center());
+        QTest::mousePress(window, Qt::LeftButton, {}, from);
+        QTest::mouseMove(window, QPoint(430, 5)); // over the face
+        QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(430, 5));
+        EXPECT_EQ(Program.Window().pos(), home) << Plain(control->objectName());
+    }
+    EXPECT_TRUE(desktop.Opened.isEmpty()) << "let go elsewhere";
+    EXPECT_FALSE(Program.Window().isMinimized());
+    EXPECT_EQ(Mode(), 3);
 }
 
 TEST_F(Face, TheLogoOpensTheAddressOfTheModule)
