@@ -160,6 +160,10 @@ void ctlButtonPanel::UpdateButtons(ctlButtonPanel *)
 {
     Clear();
     if (Count() == 0) return;
+    if (!m_HoverGround.isValid()) {
+        m_HoverGround = ToColour(HoverColour);
+        m_SelectGround = ToColour(SelectColour);
+    }
     FitHeight();
     Step([&] { PaintBackground(); });
     ++m_Refills;
@@ -211,8 +215,8 @@ void ctlButtonPanel::MakeButton(std::int32_t row)
 void ctlButtonPanel::PaintButton(const Button &button, std::int32_t row)
 {
     Step([&] { button.Normal->SetImage(PartOf(m_Background->Image(), button.Normal->geometry())); });
-    Step([&] { button.Hover->SetImage(Painted(button.Hover->width(), Highlight, HoverColour)); });
-    Step([&] { button.Selected->SetImage(Painted(button.Selected->width(), Chosen, SelectColour)); });
+    Step([&] { button.Hover->SetImage(Painted(button.Hover->width(), Highlight, m_HoverGround)); });
+    Step([&] { button.Selected->SetImage(Painted(button.Selected->width(), Chosen, m_SelectGround)); });
     for (PanelSurface *surface : {button.Normal, button.Hover, button.Selected}) {
         QImage image = surface->Image();
         modMain::DrawCaption(m_Font, image, m_Captions[row - 1], CaptionLeft, 0, true);
@@ -221,10 +225,10 @@ void ctlButtonPanel::PaintButton(const Button &button, std::int32_t row)
 }
 
 // A surface of a button: the top right of its skin picture, the same piece on every row.
-QImage ctlButtonPanel::Painted(int width, int slot, std::int32_t backColour) const
+QImage ctlButtonPanel::Painted(int width, int slot, const QColor &ground) const
 {
     PicBox surface;
-    surface.BackColour = ToColour(backColour);
+    surface.BackColour = ground;
     surface.SetSize(width, m_ButtonHeight, devicePixelRatioF()); // what is written on it is sharp too
     surface.Cls();
     if (modMain::CurrentSkin) modMain::CurrentSkin->PaintPic(surface, slot, true, false);

@@ -10,6 +10,7 @@
 // UpdateButtons and a write of Selection let pending events run once. A handler of Click may refill the panel.
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QStringList>
 #include <QTimer>
@@ -51,9 +52,9 @@ public:
     bool Enabled = true;
     bool StickySelection = false;
     float Indent = 30;                    // kept for the host, not painted
-    std::int32_t BackColour = 0xFFFFFF;   // these three are kept for the host,
-    std::int32_t HoverColour = 0x80FFFF;  // and colour the templates of the buttons
-    std::int32_t SelectColour = 0x80FF80; // when the control starts
+    std::int32_t BackColour = 0xFFFFFF;   // these three are kept for the host; what they are
+    std::int32_t HoverColour = 0x80FFFF;  // when the first rows are made stays the ground of
+    std::int32_t SelectColour = 0x80FF80; // buttons, seen where a skin's picture does not reach
     bool FontTransparent = true;
 
     /// Takes every button surface away and keeps captions and keys. Failure: ignored.
@@ -126,7 +127,7 @@ private:
     void PaintBackground();
     void MakeButton(std::int32_t row);
     void PaintButton(const Button &button, std::int32_t row);
-    QImage Painted(int width, int slot, std::int32_t backColour) const;
+    QImage Painted(int width, int slot, const QColor &ground) const;
 
     void ShowHover(std::int32_t row);
     static void WatchForTab();
@@ -158,6 +159,8 @@ private:
     int m_Refills = 0;   // how often the rows have been made
     int m_PressedAt = 0; // that, at the last press that was not the second of a double click
     QSize m_BuiltFor;
+    QColor m_HoverGround; // of the templates; invalid before the first rows
+    QColor m_SelectGround;
 
     PanelSurface *picPanel;
     std::unique_ptr<PicBox> m_Background;

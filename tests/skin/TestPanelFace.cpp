@@ -223,6 +223,19 @@ TEST_F(PanelFace, WithoutASkinItIsPlainAndWorks)
     EXPECT_EQ(m_Clicked.count(), 1);
 }
 
+TEST_F(PanelFace, GroundsOfHoverAndSelectionAreThoseOfTheStartAndLaterOnesAreOnlyKept)
+{
+    m_Panel.HoverColour = 0x0000FF;
+    m_Panel.SelectColour = 0x00FF00;
+    for (int time = 0; time < 2; ++time) {
+        Fill(2);
+        EXPECT_EQ(Surface("picHover", 1)->Image().pixelColor(0, 0), QColor(255, 0, 0));
+        EXPECT_EQ(Surface("picSelected", 2)->Image().pixelColor(0, 0), QColor(0, 255, 0));
+        m_Panel.HoverColour = m_Panel.SelectColour = 0x123456;
+    }
+    EXPECT_EQ(m_Panel.property("HoverColour"), 0x123456);
+}
+
 TEST_F(PanelFace, AnotherWidthBuildsTheSurfacesAnewOnce)
 {
     ShowFilled(3);
