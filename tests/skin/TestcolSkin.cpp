@@ -35,6 +35,27 @@ TEST_F(SkinList, SkinsAreListedByNameWithoutRegardToCase)
     EXPECT_THROW(skins.Item(4), RuntimeError);
 }
 
+TEST_F(SkinList, ASkinIsTakenOutByNameOrPositionAndItsFolderStays)
+{
+    for (const char *name : {"Alpha", "beta", "2", "Gamma"}) GivenSkin(QLatin1String(name));
+    colSkin skins;
+    const auto names = [&] {
+        QString listed;
+        for (const auto &skin : skins) listed += skin->Name() + u' ';
+        return listed;
+    };
+    ASSERT_EQ(names(), QStringLiteral("2 Alpha beta Gamma "));
+    EXPECT_EQ(skins.Item(QStringLiteral("2")), skins.Item(1));
+    skins.Remove(2);
+    skins.Remove(QStringLiteral("2"));
+    skins.Remove(QStringLiteral("GAMMA"));
+    EXPECT_EQ(names(), QStringLiteral("beta "));
+    EXPECT_EQ(skins.Count(), 1);
+    EXPECT_THROW(skins.Remove(QStringLiteral("Alpha")), RuntimeError);
+    EXPECT_THROW(skins.Remove(2), RuntimeError);
+    EXPECT_TRUE(QDir(m_Folder.Path() + QStringLiteral("skins/Alpha")).exists());
+}
+
 TEST_F(SkinList, ASkinTooLargeForTheScreenIsNotListed)
 {
     GivenSkin(Blue);
