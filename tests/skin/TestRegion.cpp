@@ -140,6 +140,10 @@ TEST(Region, ATransparentPixelCountsWithItsColour)
     Region region;
     region.ScanPicture(picture, key);
     EXPECT_THAT(region.Runs(), ElementsAre(Region::Run{0, 0, 2}));
+    picture.setPixel(0, 1, Colours['.'] & RGB_MASK); // the corner itself, in the colour that others have opaque
+    key = Region::UseCorner;
+    region.ScanPicture(picture, key);
+    EXPECT_THAT(region.Runs(), ElementsAre(Region::Run{0, 0, 2}));
 }
 
 TEST(Region, TheOutlineIsExactlyItsRuns)

@@ -16,7 +16,9 @@ TEST_F(ButtonPanel, WithoutRowsThereAreNoButtonsAndTheHeightStays)
 {
     ShowFilled(3);
     const int height = m_Panel.height();
+    const QImage ground = m_Panel.findChild<PanelSurface *>(QStringLiteral("picPanel"))->Image();
     Fill(0);
+    EXPECT_EQ(m_Panel.findChild<PanelSurface *>(QStringLiteral("picPanel"))->Image(), ground);
     EXPECT_EQ(m_Panel.Count(), 0);
     EXPECT_EQ(m_Panel.height(), height);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
