@@ -1,7 +1,6 @@
-// Awards as pictures: a count in base 3, one star being one award.
+// Awards as pictures: a count in base 3, one star being one award. The ground shows where a picture has the colour of
+// its top left pixel.
 #pragma once
-
-#include <QImage>
 
 #include <cstdint>
 
@@ -12,4 +11,5 @@ void DrawAwards(QPainter &hdc, int x, int y, std::int32_t Count);
 /// One star, as DrawAwards draws it.
 void DrawStar(QPainter &hdc, int x, int y);
 /// The mark of what is done.
-const QImage &TickPicture();
+void DrawTick(QPainter &hdc, int x, int y);
+int TickWidth(); // [px]

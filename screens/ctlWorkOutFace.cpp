@@ -161,8 +161,7 @@ bool ctlWorkOut::ShowCategory(Tile &Tile, CCategory &Category)
         score = done ? QString::number(result->Points) : Word(ToDo);
         Tile.lblCatScore->SetCaption(score);
         Tile.lblCatScore->show();
-        const QImage &tick = TickPicture();
-        if (done) painter.drawImage(Tile.picCat->width() - tick.width() - TickRight, TickTop, tick);
+        if (done) DrawTick(painter, Tile.picCat->width() - TickWidth() - TickRight, TickTop);
     }
     const std::int32_t awards = modMain::CurrentPlayer ? modMain::CurrentPlayer->Awards(Category) : 0;
     DrawAwards(painter, TileAwards.x(), TileAwards.y(), awards);

@@ -4,8 +4,8 @@
     tools/make_skin.py SOURCE-FOLDER TARGET-FOLDER [--png] [NAME ...]
 
 Every NAME.svg of the source folder, or the named ones, becomes NAME.gif in the target folder: no transparency, a
-palette of its own, colours spread by error diffusion. With --png it becomes NAME.png with soft edges, and the GIF
-file comes too only where the drawing has a key colour.
+palette of its own, colours spread by error diffusion. With --png a drawing without a key colour becomes NAME.png
+instead, with soft edges.
 
 A drawing may say in its outermost element
 
@@ -77,7 +77,7 @@ def make(drawing: Path, target: Path, png: bool) -> None:
         edge = attribute(drawing, "data-edge")
         gif = keyed(picture, key, edge) if key else best_palette(over(picture, (255, 255, 255)), 256)
         gif.save(target / (drawing.stem + ".gif"), optimize=False)
-    if png:
+    else:
         picture.save(target / (drawing.stem + ".png"), optimize=True)
 
 

@@ -385,21 +385,32 @@ TEST_F(WorkOut, TwelveCategoriesCanAllBeReached)
 
 namespace
 {
+// On a ground of the colour, seen wherever the picture has the colour of its top left pixel.
+QImage OnGround(const char *name, QRgb ground)
+{
+    QImage picture = QImage(S(":/pictures/") + QLatin1String(name) + S(".gif")).convertToFormat(QImage::Format_RGB32);
+    const QRgb key = picture.pixel(0, 0);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixel(x, y) == key) picture.setPixel(x, y, ground);
+    return picture;
+}
+
+constexpr QRgb Yellow = 0xffffff00; // a tile that is chosen
+
 // Which of the four pictures stand at x 0, 20, 40 and so on, by their first letter.
 QString Drawn(std::int32_t Count)
 {
-    QImage surface(400, 20, QImage::Format_ARGB32_Premultiplied);
-    surface.fill(Qt::transparent);
+    QImage surface(400, 20, QImage::Format_RGB32);
+    surface.fill(Yellow);
     QPainter painter(&surface);
     DrawAwards(painter, 0, 0, Count);
     painter.end();
     QString drawn;
     for (int x = 0; x < surface.width(); x += 20) {
         const QImage place = surface.copy(x, 0, 20, 20);
-        for (const char *name : {"crown", "trophy", "medal", "star"}) {
-            const QImage picture(S(":/pictures/") + QLatin1String(name) + S(".png"));
-            if (place == picture.convertToFormat(QImage::Format_ARGB32_Premultiplied)) drawn += QLatin1Char(*name);
-        }
+        for (const char *name : {"crown", "trophy", "medal", "star"})
+            if (place == OnGround(name, Yellow)) drawn += QLatin1Char(*name);
     }
     return drawn;
 }
@@ -416,4 +427,17 @@ TEST(Awards, AreDrawnInBaseThreeBiggestFirst)
     EXPECT_EQ(Drawn(40), S("ctms"));
     EXPECT_EQ(Drawn(-5), QString());
     EXPECT_EQ(Drawn(2147483647).size(), 20) << "what is beyond the surface is not drawn";
+}
+
+TEST(Awards, StarAndTickLetTheGroundShowWhereTheyHaveTheirKeyColour)
+{
+    QImage surface(60, 40, QImage::Format_RGB32);
+    surface.fill(Yellow);
+    QPainter painter(&surface);
+    DrawStar(painter, 2, 3);
+    DrawTick(painter, 25, 5);
+    painter.end();
+    EXPECT_EQ(surface.copy(2, 3, 20, 20), OnGround("star", Yellow));
+    EXPECT_EQ(TickWidth(), 30);
+    EXPECT_EQ(surface.copy(25, 5, 30, 31), OnGround("tick", Yellow));
 }
