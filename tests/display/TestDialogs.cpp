@@ -7,6 +7,9 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QTimer>
+
+#include <algorithm>
 
 class Dialogs : public DisplayTest
 {
@@ -67,4 +70,38 @@ TEST_F(Dialogs, ABoxBeforeTheMainWindowCanBeReachedOverTheSplash)
     hand.start(100);
     EXPECT_TRUE(Program.Start());
     EXPECT_TRUE(wasPressed);
+}
+
+// A press on the menu acts when the button goes down: the dialog that it opens is there while the button is held, and
+// the release finds the dialog.
+TEST_F(Dialogs, OneThatAPressOnTheMenuOpensIsUsedOnceTheButtonIsLetGoAndTheMenuAgainAfterIt)
+{
+    StartWithAnn();
+    const auto row = Program.MenuKeys().indexOf(QStringLiteral("exit"));
+    const QPoint exit = MiddleOfMenuRow() + QPoint(0, 21 * static_cast<int>(row));
+    const auto isLit = [&] {
+        const auto hovers =
+            Program.Find("ctlButtonPanel1")->findChildren<QWidget *>(QStringLiteral("picHover%1").arg(row + 1));
+        return std::any_of(hovers.begin(), hovers.end(), [](const QWidget *one) { return one->isVisible(); });
+    };
+    for (int time = 1; time <= 2; ++time) {
+        bool wasClosed = false;
+        QTimer hand;
+        QObject::connect(&hand, &QTimer::timeout, [&] {
+            auto *const box = QApplication::activeModalWidget();
+            if (box == nullptr || !QTest::qWaitForWindowExposed(box)) return;
+            hand.stop();
+            Hand({"mouseup", "1"});
+            EXPECT_TRUE(box->isVisible()) << "the release is no answer";
+            Click(box->findChild<LarkButton *>(QStringLiteral("cmd2")));
+            wasClosed = RunningProgram::Until([&] { return !box->isVisible(); });
+        });
+        hand.start(100);
+        Hand({"mousemove", QByteArray::number(exit.x()), QByteArray::number(exit.y())});
+        ASSERT_TRUE(RunningProgram::Until(isLit));
+        Hand({"mousedown", "1"});
+        EXPECT_TRUE(RunningProgram::Until([&] { return wasClosed; })) << time;
+        ASSERT_TRUE(MayType());
+    }
+    EXPECT_TRUE(Window().isVisible());
 }

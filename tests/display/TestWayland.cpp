@@ -168,6 +168,15 @@ TEST_F(Wayland, OutsideOfTheOutlineTheDesktopShows)
     EXPECT_TRUE(outline.subtracted(covered).isEmpty()) << "not painted inside of it";
 }
 
+// Where a window that was minimised says at once that it is not.
+TEST_F(Pointer, EscapePausesAGameHereToo)
+{
+    StartWith(QStringLiteral("Plain"));
+    StartGame();
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    EXPECT_TRUE(RunningProgram::Until([&] { return Window().Mode() == 5; }));
+}
+
 TEST_F(Pointer, OutsideOfTheOutlineThePointerFindsTheWindowBelow)
 {
     Below below;
