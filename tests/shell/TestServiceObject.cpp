@@ -155,6 +155,21 @@ TEST_F(ServiceObject, APictureBoxTakesTheDialogPictureOrANamedOne)
     EXPECT_EQ(box.property("PictureFile").value<QImage>().size(), QSize(12, 8));
 }
 
+TEST_F(ServiceObject, ANamedPictureGoesToThePictureFileAloneTheDialogPictureToBoth)
+{
+    GivenPicture(QStringLiteral("skins/Plain/Own.gif"), 0xffff0000, "png");
+    OpenWorkout();
+    QObject box;
+    for (const char *property : {"PictureFile", "picture"}) box.setProperty(property, QImage());
+    const auto sizeOf = [&](const char *property) { return box.property(property).value<QImage>().size(); };
+    Framework().SkinPicbox(&box, QStringLiteral("Own"));
+    EXPECT_EQ(sizeOf("PictureFile"), QSize(12, 8));
+    EXPECT_EQ(sizeOf("picture"), QSize(0, 0));
+    Framework().SkinPicbox(&box);
+    for (const char *property : {"PictureFile", "picture"})
+        EXPECT_EQ(sizeOf(property), modMain::CurrentSkin->DialogPicture().size()) << property;
+}
+
 TEST_F(ServiceObject, AFormTakesTheDialogPictureThoughItIsNoPictureBox)
 {
     OpenWorkout();
