@@ -16,10 +16,13 @@
 #include "skin/Region.h"
 #include "skin/colSkin.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <unistd.h>
@@ -109,6 +112,34 @@ TEST_F(SkinChange, WhileAGameRunsTellsItOnceAfterThePlaceAndTheBackgroundAreNew)
     EXPECT_EQ(SkinChanges[0].Background.pixel(5, 5), Green);
     EXPECT_EQ(SkinChanges[0].Background.pixel(400, 200), Green);
     EXPECT_EQ(Window().Mode(), 4) << "the game runs on";
+    EXPECT_TRUE(GameControl->isVisible());
+}
+
+TEST_F(SkinChange, ChosenInTheOptionsTellsARunningGameOnceAndItRunsOn)
+{
+    GivenSkin(QStringLiteral("Blue"),
+              {{QStringLiteral("Frame.gif"), PlainFrame(Large, Blue)},
+               {QStringLiteral("Skin.ini"), Positions(GameArea) + "MenuLeft=520\r\nMenuTop=445\r\n"}});
+    GivenColour(QStringLiteral("Green"), Green, {700, 500});
+    StartWith(QStringLiteral("Blue"));
+    StartGame();
+    Window().move(0, 0);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        QWidget *const options = QApplication::activeModalWidget();
+        if (options == nullptr || options->objectName() != u"frmOptions" || !options->isActiveWindow()) return;
+        look.stop();
+        options->findChild<QComboBox *>()->setCurrentText(QStringLiteral("Green"));
+        EXPECT_TRUE(SkinChanges.empty()) << "nothing changes before OK";
+        Program.Click(options->findChild<QWidget *>(QStringLiteral("cmdOK")));
+    });
+    look.start(5);
+    Program.ClickMenu(QStringLiteral("options"));
+    EXPECT_EQ(modMain::CurrentSkin->Name(), QStringLiteral("Green"));
+    ASSERT_EQ(SkinChanges.size(), 1U);
+    EXPECT_EQ(SkinChanges[0].WindowAt, Centred({700, 500}));
+    EXPECT_EQ(SkinChanges[0].Background.pixel(5, 5), Green);
+    EXPECT_EQ(Window().Mode(), 4);
     EXPECT_TRUE(GameControl->isVisible());
 }
 
