@@ -10,6 +10,7 @@
 
 #include "skin/CSkin.h"
 #include "skin/FrameFace.h"
+#include "skin/PanelSurface.h"
 
 #include <QPainter>
 
@@ -140,6 +141,24 @@ TEST_F(SharpFace, NoPixelBetweenTwoRowsOfTheMenuIsLeftOut)
     const QPoint top = (QPointF(menu->mapTo(&Window(), QPoint(menu->width() - 10, 0))) * Scale()).toPoint();
     for (int y = 1; y < int(menu->height() * Scale()) - 1; ++y)
         EXPECT_EQ(shown.pixel(top.x(), top.y() + y), Green) << "at " << y << " of " << menu->height() * Scale();
+}
+
+// At fractional scales a row may end within a device pixel: its picture has one more or one less then.
+TEST_F(SharpFace, CaptionsOfTheMenuAreWrittenInDevicePixelsRatherThanEnlarged)
+{
+    StartWith(QStringLiteral("Plain"));
+    int fine = 0; // blocks that an enlarged pixel would fill with one colour
+    for (const PanelSurface *surface : Program.Find("ctlButtonPanel1")->findChildren<PanelSurface *>()) {
+        const QImage &image = surface->Image();
+        if (surface->isHidden() || surface->objectName() == u"picPanel") continue;
+        EXPECT_EQ(image.devicePixelRatio(), Scale());
+        EXPECT_NEAR(image.width(), surface->width() * Scale(), 1);
+        EXPECT_NEAR(image.height(), surface->height() * Scale(), 1);
+        for (int y = 0; y + 1 < image.height(); y += 2)
+            for (int x = 0; x + 1 < image.width(); x += 2)
+                fine += image.pixel(x, y) != image.pixel(x + 1, y) || image.pixel(x, y) != image.pixel(x, y + 1);
+    }
+    EXPECT_GT(fine, 100);
 }
 
 TEST_F(SharpFace, TheFrameOfABoxIsSeenOnEachSideWhereverItStands)
