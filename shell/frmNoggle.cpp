@@ -226,6 +226,9 @@ void frmNoggle::MakePanel()
     QCoreApplication::processEvents();
     // What ran just now may have made the panel itself; the menu must not stand there twice.
     ctlButtonPanel1->ClearButtons();
+    // A game keeps the keyboard when the menu is pressed; on the screens a press leaves the name that is being
+    // written.
+    ctlButtonPanel1->setFocusPolicy(m_Mode == 3 || m_Mode == 4 ? Qt::TabFocus : Qt::StrongFocus);
     const auto add = [this](const MenuEntry &entry) {
         ctlButtonPanel1->Add(modMain::Word(entry.caption), QLatin1String(entry.key));
     };

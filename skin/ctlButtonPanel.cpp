@@ -57,7 +57,7 @@ ctlButtonPanel::ctlButtonPanel(QWidget *Container)
 {
     m_Font = Caption::DesignFont(font(), DesignPoints, false);
     WatchForTab();
-    setFocusPolicy(Qt::TabFocus); // the mouse leaves the focus where it is
+    setFocusPolicy(Qt::StrongFocus); // a press leaves a box in which a name is being written
     picPanel->setObjectName(QStringLiteral("picPanel"));
     const auto name = [this](QTimer &timer, const QString &called) {
         timer.setParent(this);

@@ -155,6 +155,7 @@ private:
     QFont m_Font;
     QString m_FontName = QStringLiteral("Arial");
     bool m_HoverByKey = false; // m_Hover is the keyboard's
+    bool m_FocusByMouse = false;
     bool m_KeysAtWork = false;
     int m_Refills = 0;   // how often the rows have been made
     int m_PressedAt = 0; // that, at the last press that was not the second of a double click

@@ -164,6 +164,7 @@ void ctlButtonPanel::HoverByKey(std::int32_t row)
     }
     m_Hover = row;
     m_HoverByKey = true;
+    m_FocusByMouse = false;
     button->Hover->show();
     m_FocusMark->setGeometry(button->Normal->geometry().translated(picPanel->pos()));
     m_FocusMark->raise();
@@ -188,12 +189,15 @@ void ctlButtonPanel::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        // A panel that the mouse has pressed would be pressed again by an Enter for something else.
+        if (m_FocusByMouse) break;
         // As for the mouse, a row under its selected surface can't be pressed.
         if (button != nullptr && button->Selected->isHidden() && !event->isAutoRepeat()) Press(m_Hover);
         return;
     default:
-        QWidget::keyPressEvent(event);
+        break;
     }
+    QWidget::keyPressEvent(event);
 }
 
 void ctlButtonPanel::focusInEvent(QFocusEvent *event)
@@ -201,7 +205,9 @@ void ctlButtonPanel::focusInEvent(QFocusEvent *event)
     QWidget::focusInEvent(event);
     // A window that becomes active gives its focus to somebody, and so does a control that is hidden; that lights no
     // row.
-    if (event->reason() == Qt::ActiveWindowFocusReason || !TabWatch::Only().WasTab) return;
+    if (event->reason() == Qt::ActiveWindowFocusReason) return;
+    m_FocusByMouse = event->reason() == Qt::MouseFocusReason;
+    if (m_FocusByMouse || !TabWatch::Only().WasTab) return;
     HoverByKey(At(m_Hover) != nullptr ? m_Hover : At(m_Selected) != nullptr ? m_Selected : 1);
 }
 

@@ -53,3 +53,14 @@ TEST(Keyboard, AnEnterForTheGameDoesNotPauseIt)
     EXPECT_EQ(program.Window().Mode(), 4);
     EXPECT_FALSE(MenuHasTheKeyboard(program));
 }
+
+TEST(Keyboard, AGameKeepsItWhenTheMenuIsPressed)
+{
+    RunningProgram program({QStringLiteral("tally-rush")});
+    Practise(program);
+    QWidget *const before = QApplication::focusWidget();
+    program.AnswerNextBox("cmd2");
+    program.ClickMenu(QStringLiteral("abandon")); // and not, after all
+    EXPECT_EQ(program.Window().Mode(), 4);
+    EXPECT_TRUE(program.Until([&] { return QApplication::focusWidget() == before; }));
+}

@@ -2,12 +2,15 @@
 #include "tests/shell/support/FlowTest.h"
 
 #include "domain/CPlayer.h"
+#include "domain/colCategory.h"
 #include "domain/colPlayer.h"
 #include "services/CResource.h"
 #include "shell/program/modMain.h"
 #include "skin/ctlButtonPanel.h"
 
+#include <QApplication>
 #include <QLineEdit>
+#include <QTimer>
 
 class Players : public FlowTest
 {
@@ -161,6 +164,45 @@ TEST_F(Players, OneWhoIsNotDeletedAfterAllKeepsTheEditedName)
     EXPECT_EQ(Mode(), 2);
     EXPECT_EQ(Plain(modMain::CurrentPlayer->Name), "Anna");
     EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select PlayerName from Player"))), "Anna");
+}
+
+// Options opens a dialog and ending the program a question: neither takes the focus from the box by itself.
+TEST_F(Players, APressOnTheMenuSavesTheNameThatIsBeingWritten)
+{
+    StartWithAnn();
+    const auto stored = [this] { return Plain(Program.Ask(QStringLiteral("select PlayerName from Player"))); };
+    auto *const name = Program.Find<QLineEdit>("txtName");
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(name, QStringLiteral("Anna"));
+    std::string meanwhile;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        const QWidget *const options = QApplication::activeModalWidget();
+        if (options == nullptr || !options->isActiveWindow()) return;
+        look.stop();
+        meanwhile = stored();
+        Program.Click(options->findChild<QWidget *>(QStringLiteral("cmdCancel")));
+    });
+    look.start(5);
+    Program.ClickMenu(QStringLiteral("options"));
+    EXPECT_EQ(meanwhile, "Anna");
+    EXPECT_TRUE(name->isReadOnly());
+
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(name, QStringLiteral("Annika"));
+    Program.AnswerNextBox("cmd2", {}, [&] { meanwhile = stored(); });
+    Program.ClickMenu(QStringLiteral("exit"));
+    EXPECT_EQ(meanwhile, "Annika");
+}
+
+TEST_F(Players, APressOnACategoryOfThePracticeScreenSavesTheNameToo)
+{
+    StartWithAnn();
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(Program.Find<QLineEdit>("txtName"), QStringLiteral("Anna"));
+    Program.ClickRow("cCatList", (*modMain::Categories->begin())->LocalName());
+    EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select PlayerName from Player"))), "Anna");
+    EXPECT_TRUE(Program.Find<QLineEdit>("txtName")->isReadOnly());
 }
 
 TEST_F(Players, EightArePossibleAndNoNinth)

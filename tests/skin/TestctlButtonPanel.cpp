@@ -322,11 +322,33 @@ TEST_F(ButtonPanel, AFocusLeftByAHiddenControlLightsNoRow)
     for (int row = 1; row <= 3; ++row) EXPECT_FALSE(Shows("picHover", row));
 }
 
-TEST_F(ButtonPanel, TheMouseDoesNotTakeTheFocus)
+TEST_F(ButtonPanel, APressTakesTheFocusFromTheBoxInWhichSomebodyWrites)
+{
+    QLineEdit line(&m_Window);
+    line.setGeometry(200, 200, 80, 20);
+    ShowFilled(3);
+    line.show();
+    line.setFocus();
+    PressAt(Middle(2));
+    EXPECT_TRUE(m_Panel.hasFocus());
+    EXPECT_FALSE(line.hasFocus());
+    EXPECT_EQ(Clicks(), QStringList{KeyOf(2)});
+}
+
+TEST_F(ButtonPanel, AnEnterAfterAPressOfTheMouseDoesNotPressAgain)
 {
     ShowFilled(3);
-    m_Window.setFocus();
+    QTest::keyClick(&m_Window, Qt::Key_Tab);
+    QLineEdit line(&m_Window);
+    line.show();
+    line.setFocus(); // the last key was a Tab, all the same
     PressAt(Middle(2));
+    ASSERT_TRUE(m_Panel.hasFocus());
+    EXPECT_FALSE(m_Panel.findChild<QWidget *>(QStringLiteral("FocusMark"))->isVisible());
+    QTest::qWait(AfterFlash);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) QTest::keyClick(&m_Panel, key);
     EXPECT_EQ(m_Clicked.count(), 1);
-    EXPECT_FALSE(m_Panel.hasFocus());
+    QTest::keyClick(&m_Panel, Qt::Key_End); // from here on the keys are meant
+    QTest::keyClick(&m_Panel, Qt::Key_Return);
+    EXPECT_EQ(Clicks(), (QStringList{KeyOf(2), KeyOf(3)}));
 }
