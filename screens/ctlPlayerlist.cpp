@@ -25,6 +25,7 @@ ctlPlayerlist::ctlPlayerlist(QWidget *Container) : Screen(Container), m_View(new
     butPlayer.push_back(MakeButton());
     butPlayer[0]->SetCaption(QStringLiteral("Player Name"));
     resize(ToPixels(DesignWidth).Value, ToPixels(DesignHeight).Value);
+    Arrange();
     SkinUp();
     ListPlayers();
 }

@@ -189,4 +189,13 @@ int ScreenTest::TakeSounds()
     return sounds;
 }
 
+bool ScreenTest::TakeOnly(const char *Sound)
+{
+    const int before = modMain::ShellSounds->Count();
+    modMain::ShellSounds->Item(QLatin1String(Sound)); // one more, unless it was asked for
+    return before == 1 && TakeSounds() == 1;
+}
+
+void ScreenTest::SpeakGerman() { modMain::Resources->SetLibraryFilePath(QStringLiteral(NOGGLE_GERMAN_MODULE)); }
+
 QString ScreenTest::Word(std::int16_t ID) { return modMain::Resources->GetString(ID, 256); }

@@ -79,7 +79,11 @@ protected:
     void Photograph(const QString &Name);
     /// Effects asked for since the last call.
     int TakeSounds();
+    /// Whether that effect, and no other, was asked for since the last call.
+    bool TakeOnly(const char *Sound);
     static QString Word(std::int16_t ID);
+    /// From now on the words are German: none of them stands in the program itself.
+    static void SpeakGerman();
 
     TestStore m_Store;
     NotingForm m_Form;

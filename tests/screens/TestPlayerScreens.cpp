@@ -1,4 +1,5 @@
 #include "ScreenTest.h"
+#include "domain/Store.h"
 #include "screens/PlayerName.h"
 #include "screens/ctlPlayerlist.h"
 #include "sdk/controls/LarkButton.h"
@@ -118,6 +119,15 @@ TEST_F(PlayerList, ButtonsStandSixtyApartAndInTheMiddle)
     EXPECT_EQ(Place(S("butPlayer(2)")), QRect(100, 130, 300, 50));
 }
 
+TEST_F(PlayerList, AllButtonsGetTheWidePictures)
+{
+    ctlPlayerlist &list = Show(1);
+    EXPECT_TRUE(m_Framework->Skinned.contains(S("butPlayer(1) Button300"))) << "one that is new";
+    m_Framework->Skinned.clear();
+    list.SkinUp();
+    EXPECT_EQ(m_Framework->Skinned.join(u','), S("butPlayer(0) Button300,butPlayer(1) Button300"));
+}
+
 TEST_F(PlayerList, AButtonTellsTheKeyAndNotThePosition)
 {
     ctlPlayerlist &list = Show(2);
@@ -128,7 +138,7 @@ TEST_F(PlayerList, AButtonTellsTheKeyAndNotThePosition)
     Click(S("butPlayer(1)"));
     EXPECT_EQ(told[0][0].toInt(), 2);
     EXPECT_EQ(told[1][0].toInt(), 0);
-    EXPECT_EQ(TakeSounds(), 1);
+    EXPECT_TRUE(TakeOnly("highbeep"));
 }
 
 TEST_F(PlayerList, TheListMayBeRebuiltInsideAClick)
@@ -167,7 +177,7 @@ TEST_F(NameStrip, EditOpensTheBoxWithAllOfItSelected)
     EXPECT_TRUE(m_Name->hasFocus());
     EXPECT_EQ(m_Name->selectedText(), S("Ann"));
     EXPECT_EQ(Text(S("cmdUpdate")), Word(504));
-    EXPECT_EQ(TakeSounds(), 1);
+    EXPECT_TRUE(TakeOnly("highbeep"));
     Photograph(S("name-editing"));
 }
 
@@ -214,13 +224,68 @@ TEST_F(NameStrip, LeavingTheBoxSaves)
     EXPECT_TRUE(m_Name->isReadOnly());
 }
 
-TEST_F(NameStrip, AnEmptyNameAndOneThatIsTakenAreNames)
+TEST_F(NameStrip, AnEmptyNameBlanksAndANameThatIsTakenAreNames)
+{
+    PlayerName &strip = Show(S("Bob"));
+    GivenPlayer(S("Ann"));
+    strip.ShowDetails();
+    for (const char *name : {"", "  ", " Bob ", "Bob"}) {
+        Click(S("cmdUpdate"));
+        Rewrite(S(name));
+        Click(S("cmdUpdate"));
+        EXPECT_EQ(Stored(), S("Bob\n") + S(name));
+    }
+}
+
+TEST_F(NameStrip, ANameIsSavedOnceByItsButtonAndByEnter)
+{
+    Show(S("Ann"));
+    int saves = 0;
+    modMain::GetConnection().BeforeCall = [&](const QString &sql) {
+        saves += sql.startsWith(S("update"), Qt::CaseInsensitive) ? 1 : 0;
+    };
+    Click(S("cmdUpdate"));
+    Rewrite(S("Anna"));
+    EXPECT_EQ(saves, 0);
+    Click(S("cmdUpdate"));
+    EXPECT_EQ(saves, 1);
+    m_Other->setFocus();
+    Click(S("cmdUpdate"));
+    Rewrite(S("Annika"));
+    QTest::keyClick(m_Name, Qt::Key_Enter);
+    EXPECT_EQ(saves, 2);
+    modMain::GetConnection().BeforeCall = nullptr;
+}
+
+TEST_F(NameStrip, WhatIsWrittenSurvivesANewSkinAndTheButtonStillSaves)
+{
+    PlayerName &strip = Show(S("Ann"));
+    Click(S("cmdUpdate"));
+    Rewrite(S("Anna"));
+    strip.SkinUp();
+    EXPECT_FALSE(m_Name->isReadOnly());
+    EXPECT_EQ(m_Name->text(), S("Anna"));
+    Click(S("cmdUpdate"));
+    EXPECT_EQ(Stored(), S("Anna"));
+    EXPECT_TRUE(m_Name->isReadOnly());
+}
+
+TEST_F(NameStrip, ShowingThePlayerLeavesTheStateAlone)
+{
+    PlayerName &strip = Show(S("Ann"));
+    Click(S("cmdUpdate"));
+    strip.ShowDetails();
+    EXPECT_FALSE(m_Name->isReadOnly());
+    EXPECT_EQ(Text(S("cmdUpdate")), Word(504));
+}
+
+TEST_F(NameStrip, AMenuOverTheBoxDoesNotSave)
 {
     Show(S("Ann"));
     Click(S("cmdUpdate"));
-    Rewrite({});
-    Click(S("cmdUpdate"));
-    EXPECT_EQ(Stored(), QString());
+    QFocusEvent away(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(m_Name, &away);
+    EXPECT_FALSE(m_Name->isReadOnly());
 }
 
 TEST_F(NameStrip, ABoxThatOnlyLostItsWindowStaysOpen)
@@ -244,6 +309,8 @@ TEST_F(NameStrip, DeletingIsRefusedByAnyOtherAnswerThanYes)
     EXPECT_EQ(m_Framework->Boxes.size(), 4U);
     EXPECT_EQ(m_Framework->Boxes[0].Message, Word(505));
     EXPECT_EQ(m_Framework->Boxes[0].Options, 4);
+    EXPECT_EQ(m_Framework->Boxes[0].FontSize, 16);
+    EXPECT_TRUE(TakeOnly("highbeep"));
     m_Framework->NextAnswer = 6;
     Click(S("cmdDelete"));
     EXPECT_EQ(deleted.count(), 1);

@@ -7,6 +7,7 @@
 #include "services/colSound.h"
 
 #include <QLabel>
+#include <QLocale>
 #include <QSignalSpy>
 
 namespace
@@ -197,8 +198,7 @@ TEST_F(UserInfo, TheChartIsOverTheListAndOnlyBeepsWhenClicked)
     QSignalSpy played(&info, &ctlUserInfo::PlayGame);
     QTest::mouseClick(m_Area->windowHandle(), Qt::LeftButton, {}, go);
     EXPECT_EQ(played.count(), 0);
-    modMain::ShellSounds->Item(S("shortbeep"));
-    EXPECT_EQ(TakeSounds(), 1) << "that sound and no other";
+    EXPECT_TRUE(TakeOnly("shortbeep"));
     EXPECT_TRUE(Shown(S("LarkChart1")));
 }
 
@@ -224,6 +224,44 @@ TEST_F(UserInfo, RowsShowNamesAndTheChartLocalNames)
     EXPECT_EQ(Text(S("lblCategory(1)")), S("Logic"));
     info.ShowDetails(2);
     EXPECT_EQ(Names(), S("Attention Reasoning Memory"));
+}
+
+TEST_F(UserInfo, TwoCategoriesOfOneLocalNameShareALine)
+{
+    m_Store.Folder().Write(S("Categories/Logic.ini"), QByteArrayLiteral("[0]\r\nName=Thinking\r\n"));
+    m_Store.Folder().Write(S("Categories/Memory.ini"), QByteArrayLiteral("[0]\r\nName=Thinking\r\n"));
+    SetToday(2026, 3, 5);
+    ctlUserInfo &info = Show();
+    Past(Today() - 1, S("Corners"), 60);
+    Past(Today(), S("Echoes"), 70);
+    info.ShowDetails(2);
+    EXPECT_EQ(Names(), S("Attention Thinking"));
+    EXPECT_EQ(Points(S("Thinking")), S("- 70")) << "the later one's";
+}
+
+TEST_F(UserInfo, DatesOnTheChartAreInTheDesktopsLanguage)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    SetToday(2026, 10, 5);
+    Show().ShowDetails(2);
+    EXPECT_TRUE(Chart().LabelAt(1).startsWith(S("05-Okt"))) << Chart().LabelAt(1).toStdString();
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(UserInfo, TheRowsGetThePicturesOfTheSkin)
+{
+    ctlUserInfo &info = Show();
+    info.ShowDetails(1);
+    m_Framework->Skinned.clear();
+    info.SkinUp();
+    EXPECT_EQ(m_Framework->Skinned.join(u' '), S("butComplete butGo(0) butGo(1) butGo(2)"));
+}
+
+TEST_F(UserInfo, CompleteStandsBelowTheLastRow)
+{
+    Show().ShowDetails(1);
+    EXPECT_EQ(Place(S("butComplete")), QRect((632 - 120) / 2, 183 + 50, 120, 23));
+    EXPECT_EQ(Place(S("lblScore(1)")), QRect(353, 157, 43, 20));
 }
 
 TEST_F(UserInfo, ColoursAndStylesTakeTurnsByTheNumberOfTheCategory)

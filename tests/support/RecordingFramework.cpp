@@ -18,9 +18,9 @@ ShownBox RecordingFramework::TakeLast()
 }
 
 std::int32_t RecordingFramework::MsgBox(const QString &Message, std::int32_t Options, QWidget *, QString *Answer,
-                                        std::int32_t)
+                                        std::int32_t FontSize)
 {
-    Boxes.push_back({Message, Options});
+    Boxes.push_back({Message, Options, FontSize});
     if (Answer != nullptr) *Answer = NextText;
     return NextAnswer;
 }
@@ -30,7 +30,10 @@ void RecordingFramework::ShowError(const QString &Message, const QString &ErrDes
     MsgBox(Message + QStringLiteral("\r\n") + ErrDesc, 48, Parent, nullptr, 16);
 }
 
-void RecordingFramework::SkinButton(QObject *, const QString &) {}
+void RecordingFramework::SkinButton(QObject *But, const QString &Name)
+{
+    Skinned << QStringLiteral("%1 %2").arg(But->objectName(), Name).trimmed();
+}
 void RecordingFramework::SkinPicbox(QObject *, const QString &) {}
 QVariant RecordingFramework::Message(const QString &, const QVariant &, const QVariant &)
 {

@@ -3,6 +3,8 @@
 
 #include "sdk/CNoggleFramework.h"
 
+#include <QStringList>
+
 #include <memory>
 #include <vector>
 
@@ -10,6 +12,7 @@ struct ShownBox
 {
     QString Message; // the whole text, CR LF between its lines
     std::int32_t Options = 0;
+    std::int32_t FontSize = 0; // [pt]
     QString FirstLine() const { return Message.section(QStringLiteral("\r\n"), 0, 0); }
 };
 
@@ -23,6 +26,8 @@ public:
     std::vector<ShownBox> Boxes;
     std::int32_t NextAnswer = 1;
     QString NextText;
+    /// Buttons that were given the skin's pictures, by their name, then that of the pictures where one was told.
+    QStringList Skinned;
     /// The box shown last, taken away; an empty one when none was.
     ShownBox TakeLast();
 
