@@ -41,6 +41,12 @@ QString ClockTime(std::int32_t seconds)
         .arg(seconds % 60, 2, 10, zero);
 }
 
+bool Presses(const QKeyEvent &Key)
+{
+    const bool isKey = Key.key() == Qt::Key_Space || Key.key() == Qt::Key_Return || Key.key() == Qt::Key_Enter;
+    return isKey && !Key.isAutoRepeat();
+}
+
 std::int32_t LevelsOf(const CGame &Game)
 {
     const double told = LeadingNumber(Game.GetSetting(QStringLiteral("config"), QStringLiteral("levels")));
@@ -191,6 +197,7 @@ void ctlGameList::contextMenuEvent(QContextMenuEvent *event)
 
 void ctlGameList::keyPressEvent(QKeyEvent *event)
 {
+    if (lblURL->hasFocus() && Presses(*event)) return OpenLink();
     if (!m_BestTable->hasFocus() || !AsksForMenu(*event)) return Screen::keyPressEvent(event);
     OfferToSave(m_BestTable->geometry().center());
 }

@@ -74,6 +74,7 @@ private:
     void ChooseGame(const QString &Key);
     void ChooseLevel(const QString &Key);
     void Upload();
+    void OpenLink();
 
     TransLabel *lblTitle = nullptr;
     cTransPictureBox *lblCat = nullptr;

@@ -1,6 +1,7 @@
 // The practice screen's controls, and where they stand.
 #include "screens/BestTable.h"
 #include "screens/Design.h"
+#include "screens/FocusMark.h"
 #include "screens/RowView.h"
 #include "screens/ctlGameList.h"
 
@@ -64,8 +65,8 @@ ctlGameList::ctlGameList(QWidget *Container)
     MakeLinks();
     resize(DesignSize);
     Arrange();
-    SetTabOrder(
-        {cCatList.Buttons, cGameList.Buttons, cLevels.Buttons, cmdPlay, cmdInstructions, butUpload, m_BestTable});
+    SetTabOrder({cCatList.Buttons, cGameList.Buttons, cLevels.Buttons, cmdPlay, cmdInstructions, butUpload,
+                 m_BestTable, lblURL});
 }
 
 ctlGameList::Panel ctlGameList::PutPanel(const QString &Name, const QRect &Place)
@@ -147,13 +148,16 @@ void ctlGameList::MakeLinks()
     lblURL->setFont(underlined);
     lblURL->SetForeColour(LinkColour);
     lblURL->setCursor(Qt::PointingHandCursor);
-    connect(lblURL, &TransLabel::Click, this,
-            [this] { OpenAddress(modMain::ScoreSiteScheme() + lblURL->Caption()); });
+    lblURL->setFocusPolicy(Qt::StrongFocus);
+    new FocusMark(lblURL);
+    connect(lblURL, &TransLabel::Click, this, [this] { OpenLink(); });
     const bool online = modMain::OnlineEnabled();
     for (QWidget *link :
          {static_cast<QWidget *>(butUpload), static_cast<QWidget *>(lblURL), static_cast<QWidget *>(lblNewGames)})
         link->setVisible(online);
 }
+
+void ctlGameList::OpenLink() { OpenAddress(modMain::ScoreSiteScheme() + lblURL->Caption()); }
 
 void ctlGameList::SkinUp()
 {

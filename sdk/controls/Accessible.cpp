@@ -17,7 +17,8 @@ QAccessible::Role RoleOf(const QObject *Control)
                                                  : QAccessible::Graphic;
     if (const auto *picture = qobject_cast<const cTransPictureBox *>(Control))
         return picture->Caption().isEmpty() ? QAccessible::Graphic : QAccessible::StaticText;
-    return QAccessible::StaticText;
+    const auto *label = qobject_cast<const TransLabel *>(Control);
+    return label != nullptr && label->focusPolicy() != Qt::NoFocus ? QAccessible::Link : QAccessible::StaticText;
 }
 
 const char *const SelectedProperty = "Selected"; // set on those that are chosen among several

@@ -142,6 +142,16 @@ TEST_F(AccessibleScreens, PracticeTellsPanelsButtonsAndTheTable)
     EXPECT_EQ(Of(At(S("tblBestTimes")))->text(QAccessible::Description), S("1. Ann 90% 1:05 05-Mar-26"));
 }
 
+TEST_F(AccessibleScreens, TheScoreSiteIsALink)
+{
+    modMain::Online = true;
+    auto *list = new ctlGameList(m_Area.get());
+    Open(list);
+    EXPECT_EQ(Of(At(S("lblURL")))->role(), QAccessible::Link);
+    EXPECT_EQ(Of(At(S("lblURL")))->text(QAccessible::Name), Text(S("lblURL")));
+    EXPECT_EQ(Of(At(S("lblNewGames")))->role(), QAccessible::StaticText);
+}
+
 TEST_F(AccessibleScreens, ProgressTellsRowsAndTheChart)
 {
     BeginWorkout();

@@ -6,6 +6,7 @@
 #include "skin/ctlButtonPanel.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -126,6 +127,24 @@ TEST_F(ScreenKeys, AGameIsPractisedFromLeftToRight)
     EXPECT_EQ(m_Form.TakeCalls(), S("Instructions Arrows 3"));
 }
 
+TEST_F(ScreenKeys, TheScoreSiteIsReachedAndOpened)
+{
+    GivenGame(S("Arrows"), S("Attention"));
+    Start();
+    modMain::Online = true;
+    auto *list = new ctlGameList(m_Area.get());
+    Open(list);
+    list->LoadCatList();
+    QStringList opened;
+    list->OpenAddress = [&opened](const QString &address) { opened << address; };
+    EXPECT_EQ(TabWalk(), S("cCatList butUpload tblBestTimes lblURL"));
+    TabTo(S("lblURL"));
+    EXPECT_TRUE(At(S("lblURL"))->findChild<QWidget *>(S("FocusMark"))->isVisible());
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_A}) Press(key);
+    EXPECT_EQ(opened.count(S("http://") + Text(S("lblURL"))), 3);
+    EXPECT_EQ(opened.size(), 3);
+}
+
 TEST_F(ScreenKeys, InstructionsAreScrolledReadAndLeft)
 {
     QByteArray text = R"({\rtf1\ansi )";
@@ -155,6 +174,9 @@ TEST_F(ScreenKeys, ThePageIsSelectedByTheMouseAndCopied)
     auto *box = At<QTextEdit>(S("txtInstructions"));
     QTest::mouseDClick(box->viewport(), Qt::LeftButton, {}, box->cursorRect().center() + QPoint(12, 0));
     EXPECT_EQ(box->textCursor().selectedText(), S("Look"));
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), S("Look"));
 }
 
 TEST_F(ScreenKeys, ARowOfTheWorkoutIsPlayedAndItIsCompleted)
