@@ -4,8 +4,17 @@
 #include "platform/RtfReader.h"
 #include "platform/RuntimeError.h"
 
+#include <QFileInfo>
+
+namespace
+{
+constexpr qint64 LargestFile = 64 << 20; // bytes
+}
+
 std::unique_ptr<QTextDocument> RichText::Load(const QString &Path, const QFont &Base)
 {
+    if (QFileInfo(Path).size() > LargestFile)
+        throw RuntimeError(321, {}, QStringLiteral("The file is too large to be shown."));
     auto document = Read(ReadFile(Path), Base);
     document->setBaseUrl({}); // a document fetches nothing: its pictures are in it
     return document;

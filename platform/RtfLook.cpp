@@ -22,6 +22,7 @@ constexpr int LargestPicture = 4096;        // [px], as it is stored
 constexpr int LargestShown = 2000;          // [px]
 constexpr qsizetype LargestData = 32 << 20; // bytes
 constexpr int MostPictures = 200;
+constexpr qsizetype MostShown = 200'000; // characters and ends of paragraphs: a hundred pages
 constexpr double SingleLine = 240;
 
 int InPixels(int twips) { return ToPixels(Twips{std::clamp(twips, -LongestLength, LongestLength)}).Value; }
@@ -137,7 +138,8 @@ void RtfReader::TakeText(const QString &Text)
     if (Now().Character != m_TextLook) Flush();
     m_TextLook = Now().Character;
     m_LastParagraph = Now().Paragraph;
-    m_Text += Text;
+    m_Text += Text.left(MostShown - m_Shown);
+    m_Shown = std::min(MostShown, m_Shown + Text.size());
 }
 
 const RtfFont *RtfReader::PresentFont() const
@@ -172,6 +174,8 @@ void RtfReader::EndParagraph()
 {
     DecodeBytes();
     Flush();
+    if (m_Shown == MostShown) return;
+    ++m_Shown;
     m_Cursor.setBlockFormat(FormatOf(Now().Paragraph));
     // An empty line has the height of the text that could stand in it.
     m_Cursor.setBlockCharFormat(FormatOf(Now().Character));

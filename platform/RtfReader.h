@@ -104,6 +104,7 @@ private:
     int m_PictureCount = 0;
     QByteArray m_Bytes;            // not yet decoded
     QString m_Text;                // not yet in the document
+    qsizetype m_Shown = 0;         // characters and paragraphs so far
     ParagraphLook m_LastParagraph; // of the text that came last
     CharacterLook m_TextLook;      // of m_Text
 };

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QFile>
+#include <QFontDatabase>
 #include <QImage>
+#include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -84,6 +87,21 @@ TEST(RichText, ColoursComeFromTheTable)
     EXPECT_FALSE(Format(*document, "autonone").hasProperty(QTextFormat::ForegroundBrush));
 }
 
+TEST(RichText, FontsAreThoseThatAreInstalledElseOfTheirKind)
+{
+    const auto document = Doc("{\\fonttbl{\\f0\\froman DejaVu Sans Mono;}{\\f1\\fmodern Not Here;}"
+                              "{\\f2\\froman Nor Here;}{\\f3\\fswiss Nowhere;}}"
+                              "{\\f0 own}{\\f1 fixed}{\\f2 serif}{\\f3 plain}{\\f77 none}");
+    const auto families = [&](const char *text) {
+        return Format(*document, text).fontFamilies().toStringList().join(u',');
+    };
+    ASSERT_TRUE(QFontDatabase::hasFamily(S("DejaVu Sans Mono")));
+    EXPECT_EQ(families("own"), S("DejaVu Sans Mono"));
+    EXPECT_EQ(families("fixed"), QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
+    EXPECT_EQ(families("serif"), S("serif"));
+    EXPECT_EQ(families("plainnone"), QString()) << "the program's own";
+}
+
 TEST(RichText, ParagraphsKeepAlignmentIndentsAndTabs)
 {
     const auto document =
@@ -131,6 +149,27 @@ TEST(RichText, BytesAreReadByTheCodePageOfTheirFont)
     EXPECT_EQ(TextOf(fonts + "\\f3\\'e1\\'e2"), S("αβ"));
     EXPECT_EQ(RichText::Read("{\\rtf1\\ansicpg1251 \\'ef}", QFont())->toPlainText(), S("п"));
     EXPECT_EQ(RichText::Read("{\\rtf1\\ansicpg4711 \\'e9}", QFont())->toPlainText(), S("é"));
+}
+
+TEST(RichText, EveryCharacterSetIsRead)
+{
+    const struct
+    {
+        int CharSet;
+        const char *Bytes;
+        const char *Text;
+    } table[] = {{0, "\\'e9", "é"},         {77, "\\'8e", "é"},  {129, "\\'b0\\'a1", "가"}, {134, "\\'c4\\'e3", "你"},
+                 {136, "\\'a7\\'41", "你"}, {162, "\\'fe", "ş"}, {163, "\\'f5", "ơ"},       {177, "\\'e0", "א"},
+                 {178, "\\'c8", "ب"},       {186, "\\'e0", "ą"}, {222, "\\'a1", "ก"},       {238, "\\'b3", "ł"},
+                 {254, "\\'82", "é"},       {255, "\\'82", "é"}};
+    for (const auto &row : table) {
+        const QByteArray font = "{\\fonttbl{\\f0\\fcharset" + QByteArray::number(row.CharSet) + " A;}}\\f0";
+        EXPECT_EQ(TextOf(font + row.Bytes).toStdString(), row.Text) << row.CharSet;
+    }
+    EXPECT_EQ(RichText::Read("{\\rtf1\\mac \\'8e}", QFont())->toPlainText(), S("é"));
+    EXPECT_EQ(RichText::Read("{\\rtf1\\pc \\'9b}", QFont())->toPlainText(), S("¢"));
+    EXPECT_EQ(RichText::Read("{\\rtf1\\pca \\'9b}", QFont())->toPlainText(), S("ø"));
+    EXPECT_EQ(RichText::Read("{\\rtf1\\ansicpg65001 \\'c3\\'a9}", QFont())->toPlainText(), S("é"));
 }
 
 TEST(RichText, SignsWithWordsOfTheirOwn)
@@ -195,6 +234,46 @@ TEST(RichText, DeepGroupsHarmNothing)
     EXPECT_EQ(TextOf("a" + open + "b" + close + "c"), S("abc"));
     EXPECT_EQ(TextOf("a" + open), S("a"));
     EXPECT_EQ(TextOf(close + "b"), S("b"));
+}
+
+TEST(RichText, AlignmentsOfBothSidesAreKnown)
+{
+    const auto document = Doc("\\qj both\\par\\ql left\\par\\pard\\tqc\\tx720\\tqdec\\tx1440 tabs");
+    EXPECT_EQ(document->begin().blockFormat().alignment(), Qt::AlignJustify);
+    EXPECT_EQ(document->begin().next().blockFormat().alignment(), Qt::AlignLeft);
+    const auto tabs = document->lastBlock().blockFormat().tabPositions();
+    ASSERT_EQ(tabs.size(), 2);
+    EXPECT_EQ(tabs[0].type, QTextOption::CenterTab);
+    EXPECT_EQ(tabs[1].type, QTextOption::DelimiterTab);
+}
+
+TEST(RichText, TextWithoutEndIsCutAfterAHundredPages)
+{
+    EXPECT_EQ(TextOf(QByteArray(300'000, 'x')).size(), 200'000);
+    const QByteArray paragraphs = QByteArray("\\par ").repeated(1000);
+    EXPECT_EQ(Doc(QByteArray(199'500, 'x') + paragraphs)->blockCount(), 501);
+    EXPECT_EQ(TextOf(QByteArray(199'500, 'x') + QByteArray("\\u960?").repeated(1000)).size(), 200'000);
+}
+
+TEST(RichText, AFileWithoutEndIsRefusedUnread)
+{
+    QTemporaryDir folder;
+    QFile file(folder.path() + S("/large.rtf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("{\\rtf1 text}") > 0);
+    ASSERT_TRUE(file.resize(1 << 20));
+    EXPECT_EQ(RichText::Load(file.fileName(), QFont())->toPlainText(), S("text"));
+    ASSERT_TRUE(file.resize((qint64{64} << 20) + 1));
+    EXPECT_THROW(RichText::Load(file.fileName(), QFont()), RuntimeError);
+}
+
+TEST(RichText, NoMorePicturesThanTwoHundredAndNoneLargerThanAnyScreen)
+{
+    const QByteArray picture = "{\\pict\\pngblip " + PictureBytes("png").toHex() + "}";
+    EXPECT_EQ(TextOf(picture.repeated(250)).size(), 200);
+    const auto large =
+        Doc("{\\pict\\pngblip\\picwgoal999999\\pichgoal999999\\picscalex9999 " + PictureBytes("png").toHex() + "}");
+    EXPECT_EQ(Image(*large).width(), 2000);
+    EXPECT_EQ(Image(*large).height(), 2000);
 }
 
 TEST(RichText, NumbersWithoutEndAreBounded)
