@@ -4,6 +4,7 @@
 #include "BenchStore.h"
 #include "Painted.h"
 #include "RunBenches.h"
+#include "platform/Files.h"
 #include "platform/store/Connection.h"
 #include "platform/store/Statement.h"
 #include "shell/program/modMain.h"
@@ -67,6 +68,12 @@ RunningProgram &Program()
     program = std::make_unique<RunningProgram>();
     program->GivenDelivered(QStringLiteral("skins/Meadow"));
     Fill(program->Folder.Path() + QStringLiteral("Noggle.mdb"));
+    // One game has its folder, and in it instructions as they are delivered.
+    program->GivenGame(QStringLiteral("read"),
+                       {QStringLiteral("name=Game 1010"), QStringLiteral("component=C"),
+                        QStringLiteral("timelimit=60"), QStringLiteral("category=Category A")});
+    program->Folder.Write(QStringLiteral("read/Instructions.rtf"),
+                          ReadFile(QStringLiteral(NOGGLE_DIST "/echo-step/Instructions.rtf")));
     if (!program->Start()) qFatal("the program does not start");
     const auto asked = [](const char *table) {
         return program->Ask(QStringLiteral("select count(*) from ") + QLatin1String(table)).toInt();
@@ -226,6 +233,19 @@ void WorkoutAgain(benchmark::State &state)
 {
     RaceRow(state, "ctlButtonPanel1", QStringLiteral("Workout"), ToPractice);
 }
+void ReadInstructions(benchmark::State &state)
+{
+    Race(
+        state,
+        [] {
+            ToPractice();
+            Program().ClickRow("cCatList", QStringLiteral("Category B")); // a chosen row can't be pressed
+            Program().ClickRow("cCatList", QStringLiteral("Category A"));
+            Program().ClickRow("cGameList", QStringLiteral("Game 1010"));
+        },
+        [] { ClickOn("cmdInstructions"); });
+    Program().Click("butCancelGame");
+}
 void WorkoutTile(benchmark::State &state)
 {
     bool other = false;
@@ -241,6 +261,14 @@ void ProgressFirstTime(benchmark::State &state)
 {
     RaceRow(state, "ctlButtonPanel1", QStringLiteral("Progress"), ToFreshPlayer);
 }
+// One turn in a process, and only before all others: the first chart since the start. A person looks at the choice of
+// player for a second.
+void FirstChart(benchmark::State &state)
+{
+    Program();
+    RunningProgram::Turn(1000);
+    RaceRow(state, "ctlButtonPanel1", QStringLiteral("Progress"), ToFreshPlayer);
+}
 void ProgressAgain(benchmark::State &state)
 {
     RaceRow(state, "ctlButtonPanel1", QStringLiteral("Progress"), ToPractice);
@@ -248,11 +276,13 @@ void ProgressAgain(benchmark::State &state)
 } // namespace
 
 #define SCREEN(Name) BENCHMARK(Name)->UseManualTime()->Iterations(31)->Unit(benchmark::kMillisecond)
+BENCHMARK(FirstChart)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 SCREEN(ChoosePlayer);
 SCREEN(ChangePlayer);
 SCREEN(PracticeScreen);
 SCREEN(PracticeCategory);
 SCREEN(PracticeGame);
+SCREEN(ReadInstructions);
 SCREEN(WorkoutFirstTime);
 SCREEN(WorkoutAgain);
 SCREEN(WorkoutTile);

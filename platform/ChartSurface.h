@@ -1,5 +1,5 @@
 // What a LarkChart draws on. The plotting library stands behind it, in a library of our own beside the program that
-// is loaded with the first chart to be shown: most starts show none, and it brings half of Qt's printing along.
+// is loaded with the first chart: a start needs none, and it brings half of Qt's printing along.
 #pragma once
 
 #include <QImage>

@@ -4,6 +4,7 @@
 #include "platform/ChartSurface.h"
 #include "platform/Colour.h"
 #include "platform/Dates.h"
+#include "platform/Step.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -24,7 +25,8 @@ constexpr double TipReach = 9;  // [px] how near to a point its tip appears
 constexpr int EmptyAround = 40; // [px] beside the empty text, both sides together
 constexpr int EmptyPadding = 8; // [px] within its ground
 constexpr double PictureScale = 2;
-constexpr std::size_t ToldLast = 5; // points of each series in the description
+constexpr QSize PreparedSize(200, 150); // [px]
+constexpr std::size_t ToldLast = 5;     // points of each series in the description
 
 QFont BoldFont(double points)
 {
@@ -67,6 +69,19 @@ LarkChart::LarkChart(QWidget *Parent)
 }
 
 LarkChart::~LarkChart() = default;
+
+void LarkChart::Prepare()
+{
+    Step([] {
+        LarkChart chart;
+        chart.resize(PreparedSize);
+        chart.xmax = 2;
+        ChartSeries &series = chart.Series(QStringLiteral("1"));
+        series.X = {1, 2};
+        series.Y = {1, 2};
+        chart.Redraw();
+    });
+}
 
 ChartSeries &LarkChart::Series(const QString &Name)
 {

@@ -3,6 +3,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Convert.h"
+#include "platform/LarkChart.h"
 #include "platform/Units.h"
 
 #include "services/CResource.h"
@@ -38,6 +39,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QThread>
+#include <QTimer>
 
 #include <array>
 #include <cstdlib>
@@ -46,6 +48,7 @@
 namespace
 {
 constexpr int QuestionFontSize = 16; // [pt]
+constexpr int UntilCharts = 500;     // [ms]
 
 // Options and answers of the message box.
 constexpr std::int32_t YesNo = 4;
@@ -191,6 +194,8 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
     SetSkin(modMain::CurrentSkin);
     show();
     activateWindow(); // where there is no window manager, nobody else gives it the keys
+    // While a person looks for their name: the first chart would keep them waiting for longer than a frame.
+    QTimer::singleShot(UntilCharts, this, [] { LarkChart::Prepare(); });
 }
 
 void frmNoggle::SetStrings()

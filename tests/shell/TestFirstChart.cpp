@@ -1,0 +1,26 @@
+// What the first chart needs is there before anybody asks for it. A program of its own: other tests show charts.
+#include "tests/shell/support/RunningProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+namespace
+{
+bool IsLoaded()
+{
+    void *const library = dlopen("chart.so", RTLD_NOW | RTLD_NOLOAD);
+    if (library != nullptr) dlclose(library);
+    return library != nullptr;
+}
+} // namespace
+
+TEST(FirstChart, IsMadeReadyWhileAPersonLooksForTheirName)
+{
+    ASSERT_FALSE(IsLoaded()) << "nothing of it is needed for a start";
+    RunningProgram program;
+    ASSERT_TRUE(program.Start());
+    EXPECT_TRUE(RunningProgram::Until(&IsLoaded));
+    EXPECT_EQ(program.Window().Mode(), 0);
+    EXPECT_TRUE(program.ComesToRest());
+}
