@@ -194,7 +194,7 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
     SetSkin(modMain::CurrentSkin);
     show();
     activateWindow(); // where there is no window manager, nobody else gives it the keys
-    // While a person looks for their name: the first chart would keep them waiting for longer than a frame.
+    // While a person looks for their name; the first chart would keep them waiting else.
     QTimer::singleShot(UntilCharts, this, [] { LarkChart::Prepare(); });
 }
 

@@ -364,7 +364,8 @@ TEST_F(SkinChange, AThousandTimesDoesNotGrowTheProgram)
             RunningProgram::Turn(0); // what was given up goes when the loop is reached again
         }
     };
-    change(100); // caches are full and the heap has its size
+    ASSERT_TRUE(Program.ComesToRest()); // what the first chart needs has come
+    change(100);                        // caches are full and the heap has its size
     const double before = MegabytesInUse();
     change(1000);
     const double grown = MegabytesInUse() - before;
