@@ -131,8 +131,8 @@ private:
 template <typename Member>
 double Middle(const std::vector<Start> &starts, Member member)
 {
-    std::vector<double> values;
-    for (const Start &start : starts) values.push_back(member(start));
+    std::vector<double> values(starts.size());
+    std::transform(starts.begin(), starts.end(), values.begin(), member);
     std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
     return values[values.size() / 2];
 }
