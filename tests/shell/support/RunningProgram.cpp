@@ -207,11 +207,17 @@ void RunningProgram::ClickRow(const char *Panel, const std::function<bool(const 
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const auto *one) { return IsIt(*one); });
     if (row == rows.end()) qFatal("%s has no such row", Panel);
     QWindow *const window = m_Window->windowHandle();
-    // The pointer comes along over other rows; a row is pressed through what lights up under it.
-    for (const PanelSurface *other : rows)
-        if (other != *row) QTest::mouseMove(window, MiddleOf(other));
-    QTest::mouseMove(window, MiddleOf(*row));
-    if (!Until([&] { return IsLit(Find(Panel), **row); })) qFatal("%s does not light up", qPrintable((*row)->Tag));
+    // The pointer comes along over other rows; a row is pressed through what lights up under it. The light goes out
+    // again where the panel finds the desktop's own pointer elsewhere before the press. Then the row is approached
+    // once more, from beside its middle, since a pointer that stays in its place does not move.
+    const auto lights = [&] {
+        for (const PanelSurface *other : rows)
+            if (other != *row) QTest::mouseMove(window, MiddleOf(other));
+        QTest::mouseMove(window, MiddleOf(*row) + QPoint(1, 0));
+        QTest::mouseMove(window, MiddleOf(*row));
+        return IsLit(Find(Panel), **row);
+    };
+    if (!Until(lights)) qFatal("%s does not light up", qPrintable((*row)->Tag));
     QTest::mouseClick(window, Qt::LeftButton, {}, MiddleOf(*row));
 }
 
