@@ -6,7 +6,6 @@
 #include "sdk/author/SeededRandom.h"
 
 #include <QPainter>
-#include <QRandomGenerator>
 
 #include <algorithm>
 #include <array>
@@ -76,7 +75,7 @@ public:
 protected:
     void Started(int Level) override
     {
-        m_Rules = std::make_unique<MyRules>(Level, QRandomGenerator::global()->generate());
+        m_Rules = std::make_unique<MyRules>(Level, Seed());
         Tell();
     }
     int Points() const override { return m_Rules ? m_Rules->Points() : 0; }
