@@ -20,7 +20,6 @@ constexpr double Gap = 10; // between two buttons
 constexpr int LeadIn = 1500;     // [ms] before the first step
 constexpr int ToldTime = 1800;   // [ms]
 constexpr int MarkTime = 450;    // [ms]
-constexpr int Ahead = 250;       // [ms] of pictures to come, while the session runs
 constexpr double Arrival = 0.05; // of a step's time
 constexpr double Leaving = 0.55;
 constexpr double Gone = 0.65;
@@ -37,7 +36,6 @@ EchoArea::EchoArea(QWidget *Container) : GameCanvas(Design, Container), m_Pond(P
 void EchoArea::Started(int Level)
 {
     m_Rules = std::make_unique<EchoRules>(Level, Seed());
-    m_Pace = TimeFactor();
     m_MarkedAt = -1;
     Begin(Part::LeadIn);
 }
@@ -46,25 +44,25 @@ void EchoArea::Begin(Part part)
 {
     m_Part = part;
     if (part == Part::LeadIn) {
-        m_Time.Start(Now(), qRound(LeadIn * m_Pace));
+        m_Time.Start(Now(), Paced(LeadIn));
         setAccessibleName(Line());
         setAccessibleDescription({});
     } else if (part == Part::Step) {
-        m_Time.Start(Now(), qRound(m_Rules->Beat() * m_Pace));
+        m_Time.Start(Now(), Paced(m_Rules->Beat()));
         setAccessibleName(InWords());
         Play(("step" + std::to_string(Present()[EchoRules::Place])).c_str());
     } else {
-        m_Time.Start(Now(), qRound(ToldTime * m_Pace));
+        m_Time.Start(Now(), Paced(ToldTime));
         setAccessibleDescription(Verdict());
     }
-    Animate(Ahead);
+    AnimateOn();
     update();
 }
 
 void EchoArea::Ticked()
 {
     if (!m_Rules || !Running()) return;
-    Animate(Ahead);
+    AnimateOn();
     m_Time.Pass(Now());
     if (!m_Time.IsOver()) return;
     if (m_Part == Part::Step) return Close();

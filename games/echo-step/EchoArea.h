@@ -52,7 +52,6 @@ private:
     std::unique_ptr<EchoRules> m_Rules;
     Part m_Part = Part::LeadIn;
     SeenTime m_Time;
-    double m_Pace = 1;
     qint64 m_MarkedAt = -1;                 // [ms] when the last round was marked
     std::optional<EchoRules::Trait> m_Over; // the button under the pointer
 };

@@ -1,6 +1,7 @@
 #include "HoldArea.h"
 
 #include "HoldShapes.h"
+#include "sdk/author/Countdown.h"
 #include "sdk/author/Marks.h"
 
 #include <QPainter>
@@ -21,7 +22,6 @@ constexpr int IntroTime = 2800; // [ms]
 constexpr int ToldTime = 1200;  // [ms]
 constexpr int PressTime = 160;  // [ms] that the button stays down
 constexpr int MarkTime = 420;   // [ms]
-constexpr int Ahead = 250;      // [ms] of pictures to come, while the session runs
 constexpr double Arrival = 0.1; // of a shape's time, in which it grows
 constexpr double Leaving = 0.84;
 constexpr double Corner = 20;
@@ -67,7 +67,6 @@ HoldArea::HoldArea(QWidget *Container) : GameCanvas(Design, Container) {}
 void HoldArea::Started(int Level)
 {
     m_Rules = std::make_unique<HoldRules>(Level, Seed());
-    m_Pace = TimeFactor();
     m_PressedAt = m_HeldAt = -1;
     Begin(Part::Intro);
 }
@@ -76,27 +75,27 @@ void HoldArea::Begin(Part part)
 {
     m_Part = part;
     if (part == Part::Intro) {
-        m_Time.Start(Now(), qRound(IntroTime * m_Pace));
+        m_Time.Start(Now(), Paced(IntroTime));
         setAccessibleName(Word("Stop") + QStringLiteral(": ") + InWords(m_Rules->StopKind()));
         setAccessibleDescription(Word("Hint"));
     } else if (part == Part::Shown) {
-        m_Time.Start(Now(), qRound(m_Rules->Beat() * m_Pace));
+        m_Time.Start(Now(), Paced(m_Rules->Beat()));
         m_Present = m_Rules->Present();
         m_PressedAt = -1;
         // its number stands first, so that a shape that comes twice is told twice
         setAccessibleName(QStringLiteral("%1: %2").arg(m_Rules->Index() + 1).arg(InWords(m_Present.Kind)));
     } else {
-        m_Time.Start(Now(), qRound(ToldTime * m_Pace));
+        m_Time.Start(Now(), Paced(ToldTime));
         setAccessibleDescription(Line());
     }
-    Animate(Ahead);
+    AnimateOn();
     update();
 }
 
 void HoldArea::Ticked()
 {
     if (!m_Rules || !Running()) return;
-    Animate(Ahead);
+    AnimateOn();
     m_Time.Pass(Now());
     if (!m_Time.IsOver()) return;
     if (m_Part == Part::Shown)
@@ -308,12 +307,8 @@ void HoldArea::PaintVerdict(QPainter &painter) const
                    : isStop ? "Slip"
                             : "Missed"),
               23, QFont::Bold);
-    const QRectF bar(Stage.left() + 60, Stage.bottom() - 18, Stage.width() - 120, 6);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Colours().edge);
-    painter.drawRoundedRect(bar, 3, 3);
-    painter.setBrush(Colours().accent);
-    painter.drawRoundedRect(QRectF(bar.topLeft(), QSizeF(bar.width() * (1 - m_Time.Phase()), bar.height())), 3, 3);
+    Countdown::DrawBar(painter, {Stage.left() + 60, Stage.bottom() - 18, Stage.width() - 120, 6}, 1 - m_Time.Phase(),
+                       Colours());
 }
 
 void HoldArea::PaintButton(QPainter &painter) const

@@ -48,7 +48,6 @@ private:
     std::unique_ptr<HoldRules> m_Rules;
     Part m_Part = Part::Intro;
     SeenTime m_Time;
-    double m_Pace = 1;
     HoldRules::Item m_Present{}; // the shape in view, also when it has been closed
     bool m_WasStop = false;      // of the shape that is told
     bool m_IsOver = false;       // the pointer is where a click presses

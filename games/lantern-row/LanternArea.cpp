@@ -17,8 +17,7 @@ constexpr QRectF Garden{30, 52, 560, 312};
 constexpr QRectF Foot{20, 374, 580, 34};
 
 constexpr int LeadIn = 800;     // [ms] before the first lantern
-constexpr int Pace = 750;       // [ms] from one lantern to the next
-constexpr int Late = 150;       // [ms] after which the machine stood still
+constexpr int Beat = 750;       // [ms] from one lantern to the next
 constexpr int LitTime = 520;    // [ms]
 constexpr int PressTime = 350;  // [ms]
 constexpr int RightTime = 900;  // [ms] for which the end of a round is told
@@ -68,23 +67,16 @@ void LanternArea::Begin(Part part)
 {
     m_Part = part;
     m_Since = Now();
-    m_Shown = 0;
     if (part == Part::Watch) {
+        m_Shown = 0;
         m_Lit = -1;
         setAccessibleDescription({}); // so that the first lantern is told, also where it was the last one before
+        m_Time.Start(Now(), Paced(LeadIn));
     }
-    const int count = static_cast<int>(m_Rules->Sequence().size());
-    if (part == Part::Watch) Animate(LeadIn + count * Pace);
-    if (part == Part::Told) Animate(m_Marks.back() ? RightTime : WrongTime);
+    if (part == Part::Told) m_Time.Start(Now(), Paced(m_Marks.back() ? RightTime : WrongTime));
+    if (part != Part::Play) AnimateOn();
     setAccessibleName(Line());
     update();
-}
-
-// Sets the time of watching back to the moment at which the next lantern is due.
-void LanternArea::Restart(int shown)
-{
-    m_Since = Now() - LeadIn - qint64{shown} * Pace;
-    Animate((static_cast<int>(m_Rules->Sequence().size()) - shown) * Pace);
 }
 
 void LanternArea::Light(int lantern)
@@ -101,20 +93,18 @@ void LanternArea::Light(int lantern)
 // Everything that happens by itself.
 void LanternArea::Ticked()
 {
-    const qint64 passed = Now() - m_Since;
-    if (m_Part == Part::Watch) {
-        const int count = static_cast<int>(m_Rules->Sequence().size());
-        const int due = passed < LeadIn ? 0 : std::min(count, 1 + static_cast<int>((passed - LeadIn) / Pace));
-        if (due > m_Shown) {
-            const bool isLate = passed - LeadIn - qint64{m_Shown} * Pace > Late;
-            if (isLate) Restart(m_Shown); // no lantern is swallowed or hurried
-            Light(m_Rules->Sequence()[static_cast<std::size_t>(m_Shown++)]);
-        } else if (passed >= LeadIn + count * Pace) {
-            Begin(Part::Play);
-        }
-    } else if (m_Part == Part::Told && passed >= (m_Marks.back() ? RightTime : WrongTime)) {
+    if (!Running() || (m_Part != Part::Watch && m_Part != Part::Told)) return;
+    AnimateOn();
+    m_Time.Pass(Now());
+    if (!m_Time.IsOver()) return;
+    if (m_Part == Part::Told) {
         m_Rules->Next();
         Begin(Part::Watch);
+    } else if (m_Shown == m_Rules->Sequence().size()) {
+        Begin(Part::Play);
+    } else {
+        Light(m_Rules->Sequence()[m_Shown++]);
+        m_Time.Start(Now(), Paced(Beat));
     }
 }
 
@@ -166,7 +156,7 @@ void LanternArea::Choose(int lantern)
 
     const bool right = press == LanternRules::Press::Complete;
     m_Marks.push_back(right);
-    Play(m_Rules->Over() ? "done" : right ? "right" : "wrong");
+    PlayMark(right, m_Rules->Over());
     Progress(m_Rules->Progress());
     Begin(Part::Told);
     if (m_Rules->Over()) EndGame();
@@ -209,7 +199,7 @@ std::optional<int> LanternArea::LanternAt(QPointF place) const
 double LanternArea::Glow(int lantern) const
 {
     if (lantern != m_Lit || m_LitAt < 0) return 0;
-    const int time = m_Part == Part::Watch ? LitTime : PressTime;
+    const int time = m_Part == Part::Watch ? Paced(LitTime) : PressTime;
     const double phase = Phase(m_LitAt, time);
     return phase < 0.12 ? phase / 0.12 : phase > 0.7 ? (1 - phase) / 0.3 : 1.0;
 }

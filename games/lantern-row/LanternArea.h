@@ -1,10 +1,11 @@
-// Lantern Row as the player sees it. A round is watched, then played, then told; each part has its moment on the
-// game's own clock, which stands still while the game is hidden.
+// Lantern Row as the player sees it. A round is watched, then played, then told; the lanterns and what is told pass
+// in time that is seen, which stands still while the game is hidden.
 #pragma once
 
 #include "LanternRules.h"
 #include "sdk/author/GameCanvas.h"
 #include "sdk/author/GameColours.h"
+#include "sdk/author/SeenTime.h"
 
 #include <memory>
 #include <optional>
@@ -30,7 +31,6 @@ private:
     void Begin(Part part);
     void Choose(int lantern);
     void MoveRing(int columns, int rows);
-    void Restart(int shown);
     void Light(int lantern);
     QString Line() const;
     QRectF PlaceOf(int lantern) const;
@@ -47,7 +47,8 @@ private:
     std::unique_ptr<LanternRules> m_Rules;
     Part m_Part = Part::Watch;
     qint64 m_Since = 0;      // [ms] when the part began
-    int m_Shown = 0;         // lanterns lit so far while watching
+    SeenTime m_Time;         // to the next lantern while watching, and of what is told
+    std::size_t m_Shown = 0; // lanterns lit so far while watching
     int m_Lit = -1;          // the one lit last, by the game or the player
     qint64 m_LitAt = -1;     // [ms]
     int m_Ring = 0;          // where the keyboard is

@@ -141,7 +141,7 @@ void QuestionArea::GiveTyped() { Told(m_Rules->Type(m_Typed)); }
 void QuestionArea::Told(bool right)
 {
     m_Marks.push_back(right);
-    const int time = right ? RightTime : WrongTime;
+    const int time = Paced(right ? RightTime : WrongTime);
     m_Telling.Start(Now(), time);
     Animate(time);
     setAccessibleDescription((right ? WordOr("Right", "Right") : WordOr("Wrong", "Not right")) +

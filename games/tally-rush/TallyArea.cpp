@@ -27,7 +27,8 @@ void TallyArea::Started(int Level)
     m_Rules = std::make_unique<TallyRules>(Level, Seed());
     m_Typed.clear();
     m_Marks.clear();
-    m_MarkedAt = m_MistakeAt = -1;
+    m_MarkedAt = -1;
+    m_Mistake.Stop();
     m_TimeUp = false;
     Tell();
 }
@@ -61,11 +62,11 @@ void TallyArea::Answer()
     m_Marks.push_back(right);
     m_Typed.clear();
     m_MarkedAt = Now();
-    m_MistakeAt = right ? -1 : Now();
-    Animate(right ? MarkTime : MistakeTime);
+    if (!right) m_Mistake.Start(Now(), Paced(MistakeTime));
+    Animate(right ? MarkTime : Paced(MistakeTime));
     Tell();
     Progress(m_Rules->Progress());
-    Play(m_Rules->Over() ? "done" : right ? "right" : "wrong");
+    PlayMark(right, m_Rules->Over());
     update();
     if (m_Rules->Over()) EndGame();
 }
@@ -94,7 +95,7 @@ void TallyArea::Released()
 
 void TallyArea::Ticked()
 {
-    if (ShowsMistake() && Now() - m_MistakeAt >= MistakeTime) m_MistakeAt = -1;
+    if (m_Mistake.IsOver(Now())) m_Mistake.Stop();
 }
 
 void TallyArea::TimeWasUp() { m_TimeUp = true; }
@@ -174,14 +175,8 @@ void TallyArea::PaintMistake(QPainter &painter) const
               QFont::Bold);
     Marks::DrawRight(painter, {Card.left() + 44, lower.center().y()}, 38);
 
-    // how long it stays
-    const QRectF bar(Card.left() + 76, Card.bottom() - 40, Card.width() - 116, 6);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Colours().edge);
-    painter.drawRoundedRect(bar, 3, 3);
-    painter.setBrush(Colours().accent);
-    painter.drawRoundedRect(QRectF(bar.topLeft(), QSizeF(bar.width() * (1 - Phase(m_MistakeAt, MistakeTime)), 6)), 3,
-                            3);
+    m_Mistake.Draw(painter, {Card.left() + 76, Card.bottom() - 40, Card.width() - 116, 6}, Now(),
+                   Colours()); // how long it stays
 }
 
 void TallyArea::PaintTimeUp(QPainter &painter) const

@@ -6,6 +6,7 @@
 
 #include "TallyPad.h"
 #include "TallyRules.h"
+#include "sdk/author/Countdown.h"
 #include "sdk/author/GameCanvas.h"
 #include "sdk/author/GameColours.h"
 
@@ -32,7 +33,7 @@ private:
     void Digit(int digit);
     void Answer();
     void Tell();
-    bool ShowsMistake() const { return m_MistakeAt >= 0; }
+    bool ShowsMistake() const { return m_Mistake.Runs(); }
 
     void PaintCard(QPainter &painter) const;
     void PaintTask(QPainter &painter) const;
@@ -48,7 +49,7 @@ private:
     std::vector<bool> m_Marks; // right or wrong, of the tasks done
     TallyTask m_Last;          // the task answered last
     QString m_LastTyped;
-    qint64 m_MarkedAt = -1;  // [ms] on the game's clock; -1 for never
-    qint64 m_MistakeAt = -1; // [ms], while the right result is shown
+    qint64 m_MarkedAt = -1; // [ms] on the game's clock; -1 for never
+    Countdown m_Mistake;    // while the right result is shown
     bool m_TimeUp = false;
 };

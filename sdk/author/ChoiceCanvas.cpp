@@ -60,13 +60,13 @@ void ChoiceCanvas::PointedAt(QPointF Place)
 void ChoiceCanvas::Choose(int choice)
 {
     const bool right = Judge(choice);
-    const int time = right ? m_RightTime : m_WrongTime;
+    const int time = Paced(right ? m_RightTime : m_WrongTime);
     m_Chosen = choice;
     m_Telling.Start(Now(), time);
     Animate(time);
     setAccessibleDescription(Word(right ? "Right" : "Wrong"));
     Progress(Set().Progress());
-    Play(Set().Over() ? "done" : right ? "right" : "wrong");
+    PlayMark(right, Set().Over());
     update();
     if (Set().Over()) EndGame();
 }

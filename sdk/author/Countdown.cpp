@@ -13,13 +13,17 @@ double Countdown::Left(qint64 Now) const
 
 void Countdown::Draw(QPainter &Painter, const QRectF &Bar, qint64 Now, const GameColours &Colours) const
 {
-    if (!Runs()) return;
+    if (Runs()) DrawBar(Painter, Bar, Left(Now), Colours);
+}
+
+void Countdown::DrawBar(QPainter &Painter, const QRectF &Bar, double Left, const GameColours &Colours)
+{
     const double round = Bar.height() / 2;
     Painter.save();
     Painter.setPen(Qt::NoPen);
     Painter.setBrush(Colours.edge);
     Painter.drawRoundedRect(Bar, round, round);
     Painter.setBrush(Colours.accent);
-    Painter.drawRoundedRect(QRectF(Bar.topLeft(), QSizeF(Bar.width() * Left(Now), Bar.height())), round, round);
+    Painter.drawRoundedRect(QRectF(Bar.topLeft(), QSizeF(Bar.width() * Left, Bar.height())), round, round);
     Painter.restore();
 }

@@ -24,6 +24,8 @@ public:
     double Left(qint64 Now) const;
     /// Nothing when it does not run.
     void Draw(QPainter &Painter, const QRectF &Bar, qint64 Now, const GameColours &Colours) const;
+    /// The bar alone, for what is left of any other time, from 1 to 0.
+    static void DrawBar(QPainter &Painter, const QRectF &Bar, double Left, const GameColours &Colours);
 
 private:
     qint64 m_Since = 0;

@@ -29,6 +29,8 @@ QVariant GameCanvas::Message(const QString &Cmd, QVariant &Info1, QVariant &)
     if (Cmd == u"score") return Points();
     if (Cmd == u"start") {
         m_Running = true;
+        m_Pace = Pace();
+        m_Frames.setInterval(std::min(FrameTime, Paced(FrameTime))); // swifter, but with the same pictures
         LookAtBackground();
         setFocus();
         Started(Info1.toInt());
@@ -62,7 +64,7 @@ std::uint32_t GameCanvas::Seed() const
     return isGiven ? seed : QRandomGenerator::global()->generate();
 }
 
-double GameCanvas::TimeFactor() const
+double GameCanvas::Pace() const
 {
     constexpr double Whole = 100; // [percent]
     constexpr int Swiftest = 1;

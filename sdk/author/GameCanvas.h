@@ -13,6 +13,7 @@
 #include <QRectF>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdint>
 
 class GameCanvas : public CGameArea
@@ -48,18 +49,22 @@ protected:
     /// Where this session's board comes from: another one each time, or the number that the settings file gives under
     /// "seed" in "config", so that an author can play one board again and again.
     std::uint32_t Seed() const;
-    /// What a paced game multiplies its times with: the settings file's "pace" in "config", in percent, from 10 to
-    /// 1000; 1 where nothing is told. So a player who needs longer gets it, and an author need not wait.
-    double TimeFactor() const;
+    /// A time of the game's own, from "start" on in so many percent as the settings file gives under "pace" in
+    /// "config", from 1 to 1000. So a player who needs longer gets it, and an author need not wait. [ms]
+    int Paced(int Time) const { return std::max(1, qRound(Time * m_Pace)); }
     /// A line of words on the left, level and points on the right.
     void WriteFoot(QPainter &Painter, const QRectF &Box, const QString &Line, int Level) const;
     void Progress(int Percent) const;
     void Play(const char *Sound) const;
+    /// What goes with the mark of a round: the sound "right" or "wrong", or "done" with the last one of a set.
+    void PlayMark(bool Right, bool Last) const { Play(Last ? "done" : Right ? "right" : "wrong"); }
     /// Ends the session. Return at once and touch nothing: this game has been taken away.
     void EndGame();
     bool Running() const { return m_Running; }
     /// Draws anew, about 60 times a second, for so long as the game is seen. [ms]
     void Animate(int Duration);
+    /// The same until further notice, when it is called before each picture, in Ticked.
+    void AnimateOn() { Animate(250); }
     /// [ms] that the game has been seen
     qint64 Now() const { return m_Clock.Elapsed(); }
     /// From 0 to 1 between a moment and a duration later.
@@ -75,6 +80,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    double Pace() const;
     void LookAtBackground();
     void Tick();
     double Scale() const;
@@ -86,6 +92,7 @@ private:
     ShownClock m_Clock;
     QTimer m_Frames{this};
     qint64 m_AnimateUntil = 0;
+    double m_Pace = 1;
     bool m_Running = false;
     bool m_Dark = false;
 };
