@@ -1,7 +1,7 @@
 // What holds for every delivered game alike, at its first, middle and last level.
 #include "platform/Files.h"
 #include "services/modIniFile.h"
-#include "tests/games/stage/Stage.h"
+#include "tests/games/stage/PacedStage.h"
 
 #include <gtest/gtest.h>
 
@@ -55,6 +55,14 @@ double Drawn(Stage &table)
         for (int x = 0; x < picture.width(); ++x) other += picture.pixel(x, y) != ground.pixel(x, y) ? 1 : 0;
     return static_cast<double>(other) / (picture.width() * picture.height());
 }
+
+void PressEverything(Stage &table)
+{
+    constexpr int LastKey = 123;
+    for (int key = 0; key <= LastKey; ++key) table.Key(key);
+    for (int y = 10; y < 420; y += 40)
+        for (int x = 10; x < 620; x += 40) table.Click(table.At(QPointF(x, y)));
+}
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Games, EveryGame, testing::ValuesIn(Delivered()), [](const auto &game) {
@@ -67,7 +75,7 @@ TEST_P(EveryGame, ShowsItselfAndTellsWhatItAsksForAtEachLevel)
 {
     for (const auto &[which, level] : Levels) {
         SCOPED_TRACE(which);
-        Stage table(Class, WithSeed(Folder, 7), {620, 420});
+        Stage table(WithSeed(Folder, 7), QSize(620, 420));
         table.Start(level);
         EXPECT_GT(Drawn(table), 0.03);
         EXPECT_FALSE(table.Game->Control()->accessibleName().isEmpty());
@@ -76,14 +84,65 @@ TEST_P(EveryGame, ShowsItselfAndTellsWhatItAsksForAtEachLevel)
     }
 }
 
-TEST_P(EveryGame, LooksTheSameAgainForOneSeedAndLevel)
+// What it tells and shows at once, or the next things that come by themselves, as lanterns and shapes do.
+TEST_P(EveryGame, DealsOneBoardForOneSeedAndLevelAndAnotherOneForAnother)
 {
-    const auto told = [this] {
-        Stage table(Class, WithSeed(Folder, 7), {620, 420});
+    constexpr int Enough = 6;
+    const auto told = [this](std::uint32_t seed) {
+        PacedStage table(Class, Folder, seed, Quick);
         table.Start(Last);
-        return table.Game->Control()->accessibleName();
+        QStringList seen;
+        EXPECT_TRUE(table.Sees([&] {
+            const QString now = table.Name() + u'|' + table.Description();
+            if (seen.isEmpty() || seen.last() != now) seen.append(now);
+            return seen.size() == Enough || !table.Moves();
+        }));
+        return std::pair(seen, table.Moves() ? QImage() : table.Picture());
     };
-    EXPECT_EQ(told(), told());
+    EXPECT_EQ(told(7), told(7));
+    EXPECT_NE(told(7), told(8));
+}
+
+TEST_P(EveryGame, BeforeItsStartNothingHappens)
+{
+    Stage table(Folder);
+    PressEverything(table);
+    EXPECT_EQ(table.Score(), 0);
+    EXPECT_FALSE(table.Picture().isNull());
+    table.Game->Message(QStringLiteral("timeup"));
+    EXPECT_FALSE(table.Picture().isNull());
+}
+
+TEST_P(EveryGame, WhenTheTimeIsUpNothingCountsAndNothingMoves)
+{
+    Stage table(WithSeed(Folder, 7));
+    table.SetPace(Quick);
+    table.Start(1);
+    table.Game->Message(QStringLiteral("timeup"));
+    const QStringList calls = table.Framework->Calls;
+    const QString name = table.Name();
+    PressEverything(table);
+    EXPECT_TRUE(table.UntilStill());
+    EXPECT_EQ(table.Score(), 0);
+    EXPECT_EQ(table.Framework->Calls, calls);
+    EXPECT_EQ(table.Name(), name);
+}
+
+// The picture tells the level, so that the settings file and the rules have the same last one.
+TEST_P(EveryGame, ALevelOutOfRangePlaysAsTheNearest)
+{
+    Stage table(WithSeed(Folder, 7));
+    const auto shown = [&](int level) {
+        table.Start(level);
+        return table.Picture();
+    };
+    const QImage first = shown(1);
+    const QImage last = shown(Last);
+    EXPECT_NE(last, shown(Last - 1));
+    EXPECT_EQ(last, shown(Last + 1));
+    EXPECT_EQ(last, shown(99));
+    EXPECT_EQ(first, shown(0));
+    EXPECT_EQ(first, shown(-3));
 }
 
 TEST_P(EveryGame, HasItsWordsInGermanToo)
@@ -120,4 +179,24 @@ TEST_P(EveryGame, ItsFolderIsComplete)
     EXPECT_EQ(Setting(Folder, "category").isEmpty(), isQuestionSet) << "question sets stay out of the workout";
     EXPECT_FALSE(Setting(Folder, "timelimit").isEmpty());
     for (const char *ofTests : {"seed", "pace"}) EXPECT_TRUE(Setting(Folder, ofTests).isEmpty()) << ofTests;
+}
+
+TEST(TheGames, AreTenInFiveCategories)
+{
+    struct Row
+    {
+        const char *folder, *category;
+        int seconds, levels;
+    };
+    for (const auto &[name, category, seconds, levels] :
+         {Row{"lantern-row", "Memory", 90, 8}, Row{"echo-step", "Memory", 75, 9},
+          Row{"tally-rush", "Numbers", 60, 10}, Row{"scale-tip", "Numbers", 45, 8}, Row{"quiet-rule", "Logic", 75, 7},
+          Row{"ninth-tile", "Logic", 105, 10}, Row{"odd-stone", "Attention", 60, 9},
+          Row{"hold-back", "Attention", 60, 7}, Row{"turn-or-mirror", "Space", 60, 8},
+          Row{"punched-fold", "Space", 105, 8}}) {
+        const QString folder = QStringLiteral(NOGGLE_DIST_FOLDER) + QLatin1String(name) + u'/';
+        EXPECT_EQ(Setting(folder, "category"), QLatin1String(category)) << name;
+        EXPECT_EQ(Setting(folder, "timelimit").toInt(), seconds) << name;
+        EXPECT_EQ(Setting(folder, "levels").toInt(), levels) << name;
+    }
 }

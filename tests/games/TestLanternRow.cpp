@@ -1,7 +1,6 @@
-#include "tests/games/stage/Stage.h"
+#include "tests/games/stage/PacedStage.h"
 
 #include "platform/Files.h"
-#include "shell/program/modMain.h"
 
 #include <gtest/gtest.h>
 
@@ -11,13 +10,14 @@
 namespace
 {
 const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "lantern-row/");
+constexpr std::uint32_t Seed = 7;
 constexpr int Enter = 13;
 constexpr int Space = 32;
 
 class LanternRow : public testing::Test
 {
 protected:
-    Stage Table{QStringLiteral("LanternRow.GameArea"), Folder};
+    PacedStage Table{QStringLiteral("LanternRow.GameArea"), Folder, Seed, Quick};
     int Columns = 3;
     int Rows = 3;
 
@@ -26,32 +26,19 @@ protected:
     {
         QList<QPoint> lit;
         QString last;
-        EXPECT_TRUE(Stage::Until([this] { return Line() == Word("Watch"); }));
-        const auto seen = [&] {
-            const QString now = Table.Game->Control()->accessibleDescription();
-            if (now == last || now.isEmpty()) return;
+        const auto isWatched = [this] { return Table.Name() == Table.Word("Watch"); };
+        EXPECT_TRUE(Table.Sees(isWatched));
+        EXPECT_TRUE(Table.Sees([&] {
+            const QString now = Table.Description();
+            if (now != last) lit.append({now.section(u',', 0, 0).toInt(), now.section(u',', 1).toInt()});
             last = now;
-            lit.append({now.section(u',', 0, 0).toInt(), now.section(u',', 1).toInt()});
-        };
-        EXPECT_TRUE(Stage::Until([&] {
-            seen();
-            return Line() != Word("Watch");
+            return !isWatched();
         }));
         return lit;
     }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    QString Line() const { return Table.Game->Control()->accessibleName(); }
     void Press(QPoint lantern)
     {
-        const QSize size = Table.Game->Control()->size();
-        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
-        const QPointF origin((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2);
-        const QPointF place(30 + (lantern.x() - 0.5) * 560 / Columns, 52 + (lantern.y() - 0.5) * 312 / Rows);
-        Table.Click((origin + place * scale).toPoint());
-    }
-    int Sounds(const char *name) const
-    {
-        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
+        Table.Click(Table.At({30 + (lantern.x() - 0.5) * 560 / Columns, 52 + (lantern.y() - 0.5) * 312 / Rows}));
     }
 };
 } // namespace
@@ -61,12 +48,13 @@ TEST_F(LanternRow, IsWatchedThenPlayedWithTheMouse)
     Table.Start(1);
     const QList<QPoint> order = Watch();
     ASSERT_EQ(order.size(), 2);
-    EXPECT_EQ(Line(), Word("Same"));
+    EXPECT_EQ(Table.Name(), Table.Word("Same"));
     for (const QPoint lantern : order) Press(lantern);
-    EXPECT_EQ(Sounds("right"), 1);
+    EXPECT_EQ(Table.Sounds("right"), 1);
     EXPECT_EQ(Table.Score(), 125 * 2 / 40);
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 / 16);
-    EXPECT_TRUE(Stage::Until([this] { return Line() == Word("Watch"); })) << "the next round begins by itself";
+    EXPECT_TRUE(Table.Sees([this] { return Table.Name() == Table.Word("Watch"); }))
+        << "the next round begins by itself";
 }
 
 TEST_F(LanternRow, IsPlayedWithTheKeysAlone)
@@ -81,7 +69,7 @@ TEST_F(LanternRow, IsPlayedWithTheKeysAlone)
         for (; ring.y() > lantern.y(); ring.ry()--) Table.Key(38);
         Table.Key(lantern == order.first() ? Enter : Space);
     }
-    EXPECT_EQ(Sounds("right"), 1);
+    EXPECT_EQ(Table.Sounds("right"), 1);
 }
 
 TEST_F(LanternRow, TheRingStopsAtTheEdges)
@@ -91,7 +79,7 @@ TEST_F(LanternRow, TheRingStopsAtTheEdges)
     for (int i = 0; i < 9; ++i) Table.Key(38);
     Watch();
     Table.Key(Enter);
-    EXPECT_EQ(Table.Game->Control()->accessibleDescription(), QStringLiteral("1, 1"));
+    EXPECT_EQ(Table.Description(), QStringLiteral("1, 1"));
 }
 
 TEST_F(LanternRow, AMistakeIsShownWithTheRightOrder)
@@ -99,8 +87,8 @@ TEST_F(LanternRow, AMistakeIsShownWithTheRightOrder)
     Table.Start(1);
     QList<QPoint> order = Watch();
     Press(order.last());
-    EXPECT_EQ(Sounds("wrong"), 1);
-    EXPECT_EQ(Line(), Word("Wrong"));
+    EXPECT_EQ(Table.Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Name(), Table.Word("Wrong"));
     EXPECT_EQ(Table.Score(), 0);
     Press(order.first());
     EXPECT_EQ(Table.Score(), 0) << "nothing counts while it is told";
@@ -111,17 +99,17 @@ TEST_F(LanternRow, PressesDoNotCountWhileWatching)
     Table.Start(1);
     Press({2, 2});
     Table.Key(Enter);
-    EXPECT_EQ(Line(), Word("Watch"));
-    EXPECT_EQ(Sounds("wrong"), 0);
+    EXPECT_EQ(Table.Name(), Table.Word("Watch"));
+    EXPECT_EQ(Table.Sounds("wrong"), 0);
 }
 
 TEST_F(LanternRow, HiddenStandsStill)
 {
     Table.Start(1);
-    Stage::Turn(300);
+    Stage::Turn(10);
     Table.Game->SetVisible(false);
-    Stage::Turn(3000);
-    EXPECT_EQ(Table.Game->Control()->accessibleDescription(), QString());
+    Stage::Turn(800); // longer than both lanterns take
+    EXPECT_EQ(Table.Description(), QString());
     Table.Game->SetVisible(true);
     EXPECT_EQ(Watch().size(), 2) << "no lantern was lit unseen";
 }
@@ -129,9 +117,10 @@ TEST_F(LanternRow, HiddenStandsStill)
 TEST_F(LanternRow, AMachineThatStandsStillSwallowsNoLantern)
 {
     Columns = 4;
+    Table.SetPace(20);
     Table.Start(3);
-    EXPECT_TRUE(Stage::Until([this] { return !Table.Game->Control()->accessibleDescription().isEmpty(); }));
-    QThread::msleep(2500); // more than the time of three lanterns
+    EXPECT_TRUE(Table.Sees([this] { return !Table.Description().isEmpty(); }));
+    QThread::msleep(500); // more than the time of three lanterns
     EXPECT_EQ(Watch().size(), 4);
 }
 
@@ -145,10 +134,7 @@ TEST_F(LanternRow, NoTimerRunsWhileThePlayerThinks)
 
 TEST_F(LanternRow, TheLastRoundEndsTheSessionAtOnce)
 {
-    Table.Framework->GameOver = [this] {
-        Table.Game->Message(QStringLiteral("unload"));
-        Table.Game->Unload();
-    };
+    Table.UnloadAtTheEnd([this] { EXPECT_EQ(Table.Score(), 0); });
     Columns = 4;
     Table.Start(5);
     for (int round = 0; round < 8; ++round) {
@@ -188,9 +174,11 @@ TEST_F(LanternRow, PicturesDifferBetweenItsParts)
         Columns = row.columns;
         Rows = row.rows;
         Table.Resize(row.size);
+        Table.SetPace(Stage::IsSeen() ? 100 : Quick);
         Table.Start(row.level);
         Table.Key(39);
-        Stage::Turn(1100);
+        EXPECT_TRUE(Table.Sees([this] { return !Table.Description().isEmpty(); }));
+        Stage::Settle(150);
         const QImage lit = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-lit"));
         QList<QPoint> order = Watch();
@@ -199,7 +187,7 @@ TEST_F(LanternRow, PicturesDifferBetweenItsParts)
         Table.Keep(name + QStringLiteral("-2-play"));
         Press(order.at(0));
         Press(order.at(0));
-        Stage::Turn(500);
+        Stage::Settle(500);
         EXPECT_NE(lit, play);
         EXPECT_NE(play, Table.Picture());
         Table.Keep(name + QStringLiteral("-3-mistake"));

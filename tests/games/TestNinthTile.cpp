@@ -1,45 +1,23 @@
 #include "games/ninth-tile/NinthRules.h"
 #include "shell/program/modMain.h"
-#include "tests/games/stage/Stage.h"
-
-#include <gtest/gtest.h>
+#include "tests/games/stage/KnownGame.h"
 
 #include <QTest>
 #include <QTimer>
 
 namespace
 {
-const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "ninth-tile/");
-constexpr std::uint32_t Seed = 7;
 constexpr int Enter = 13, Space = 32;
 constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
 
-/// The game with a known seed, and beside it the same rules, which tell what is right.
-class NinthTile : public testing::Test
+class NinthTile : public KnownGame<NinthRules>
 {
 protected:
-    Stage Table{QStringLiteral("NinthTile.GameArea"), WithSeed(Folder, Seed)};
-    std::unique_ptr<NinthRules> Known;
+    NinthTile() : KnownGame("ninth-tile") {}
 
-    void Start(int level)
-    {
-        Known = std::make_unique<NinthRules>(level, Seed);
-        Table.Start(level);
-    }
     int RightOne() const { return Known->Item().Right; }
     int WrongOne() const { return (RightOne() + 1) % Offered(); }
     int Offered() const { return static_cast<int>(Known->Item().Offered.size()); }
-    QString Told() const { return Table.Game->Control()->accessibleName(); }
-    QString Verdict() const { return Table.Game->Control()->accessibleDescription(); }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    int Sounds(const char *name) const
-    {
-        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
-    }
-    bool UntilNext()
-    {
-        return Stage::Until([this] { return Verdict() == Word("Hint"); });
-    }
     /// What both sides think of an answer: the game has been told already.
     void Follow(int choice)
     {
@@ -60,11 +38,7 @@ protected:
         const double step = size + (columns == 2 ? 14 : 11.5);
         const int row = choice / columns;
         const int inRow = std::min(columns, Offered() - row * columns);
-        const QPointF design(470 + (choice % columns - (inRow - 1) / 2.0) * step, 208 + (row - 1) * step);
-        const QSize whole = Table.Game->Control()->size();
-        const double scale = std::min(whole.width() / 620.0, whole.height() / 420.0);
-        return (QPointF((whole.width() - 620 * scale) / 2, (whole.height() - 420 * scale) / 2) + design * scale)
-            .toPoint();
+        return Table.At({470 + (choice % columns - (inRow - 1) / 2.0) * step, 208 + (row - 1) * step});
     }
 };
 } // namespace
@@ -74,8 +48,8 @@ TEST_F(NinthTile, IsPlayedWithNumbersAlone)
     Start(1);
     for (int round = 1; round <= 3; ++round) {
         AnswerByKey(RightOne());
-        EXPECT_EQ(Sounds("right"), round);
-        EXPECT_EQ(Verdict(), Word("Right"));
+        EXPECT_EQ(Table.Sounds("right"), round);
+        EXPECT_EQ(Table.Description(), Table.Word("Right"));
         ASSERT_TRUE(UntilNext());
     }
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 300 / Known->Set().Count());
@@ -96,7 +70,7 @@ TEST_F(NinthTile, IsPlayedWithArrowsAndTheRing)
         Follow(RightOne());
         ASSERT_TRUE(UntilNext());
     }
-    EXPECT_EQ(Sounds("right"), 2);
+    EXPECT_EQ(Table.Sounds("right"), 2);
 }
 
 TEST_F(NinthTile, IsPlayedWithTheMouseAlone)
@@ -106,7 +80,7 @@ TEST_F(NinthTile, IsPlayedWithTheMouseAlone)
         const int right = RightOne();
         Table.Click(Place(right));
         Follow(right);
-        EXPECT_EQ(Sounds("right"), round);
+        EXPECT_EQ(Table.Sounds("right"), round);
         ASSERT_TRUE(UntilNext());
     }
 }
@@ -119,7 +93,8 @@ TEST_F(NinthTile, EveryTileIsFoundByTheMouseAtEverySize)
             for (int choice = 0; choice < (level == 1 ? 6 : 8); ++choice) {
                 Start(level);
                 Table.Click(Place(choice));
-                EXPECT_EQ(Verdict(), Word(choice == RightOne() ? "Right" : "Wrong")) << size.width() << ' ' << choice;
+                EXPECT_EQ(Table.Description(), Table.Word(choice == RightOne() ? "Right" : "Wrong"))
+                    << size.width() << ' ' << choice;
             }
         }
     }
@@ -129,18 +104,18 @@ TEST_F(NinthTile, AWrongAnswerShowsWhatWasRightAndTakesNoOther)
 {
     Start(3);
     const QImage before = Table.Picture();
-    const QString fitting = QStringLiteral("%1: %2").arg(Word("RightTile")).arg(RightOne() + 1);
+    const QString fitting = QStringLiteral("%1: %2").arg(Table.Word("RightTile")).arg(RightOne() + 1);
     AnswerByKey(WrongOne());
-    EXPECT_EQ(Told(), fitting);
-    EXPECT_EQ(Sounds("wrong"), 1);
-    EXPECT_EQ(Verdict(), Word("Wrong"));
+    EXPECT_EQ(Table.Name(), fitting);
+    EXPECT_EQ(Table.Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
     EXPECT_NE(Table.Picture(), before);
     for (int key = '1'; key <= '6'; ++key) Table.Key(key);
     Table.Click(Place(0));
-    EXPECT_EQ(Sounds("right") + Sounds("wrong"), 1) << "nothing counts while the answer is told";
+    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1) << "nothing counts while the answer is told";
     ASSERT_TRUE(UntilNext());
     AnswerByKey(RightOne());
-    EXPECT_EQ(Sounds("right"), 1);
+    EXPECT_EQ(Table.Sounds("right"), 1);
 }
 
 TEST_F(NinthTile, TheTellingStandsStillWhileHidden)
@@ -149,10 +124,10 @@ TEST_F(NinthTile, TheTellingStandsStillWhileHidden)
     AnswerByKey(RightOne());
     Table.Game->SetVisible(false);
     EXPECT_TRUE(Table.UntilStill());
-    Stage::Turn(1200); // longer than a right answer is told
-    EXPECT_EQ(Verdict(), Word("Right"));
+    Stage::Turn(200); // longer than a right answer is told
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
     Table.Key('1');
-    EXPECT_EQ(Sounds("right") + Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1);
     Table.Game->SetVisible(true);
     EXPECT_TRUE(UntilNext());
 }
@@ -163,14 +138,14 @@ TEST_F(NinthTile, AWholeSetEndsTheSessionAtOnceAndOnceAndNothingCountsAfterwards
     int atTheEnd = -1;
     Table.Framework->GameOver = [&] { atTheEnd = Table.Score(); }; // asked for inside, before anything closes
     while (!Known->Set().Over()) {
-        EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+        EXPECT_EQ(Table.Count("gameover"), 0);
         ASSERT_TRUE(UntilNext());
         AnswerByKey(RightOne());
     }
     EXPECT_EQ(atTheEnd, Known->Set().Points());
     EXPECT_GT(atTheEnd, 120);
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100);
-    EXPECT_EQ(Sounds("done"), 1);
+    EXPECT_EQ(Table.Sounds("done"), 1);
     EXPECT_TRUE(Table.UntilStill());
 
     const int calls = static_cast<int>(Table.Framework->Calls.size());
@@ -178,7 +153,7 @@ TEST_F(NinthTile, AWholeSetEndsTheSessionAtOnceAndOnceAndNothingCountsAfterwards
     Table.Click(Place(RightOne()));
     EXPECT_EQ(Table.Score(), atTheEnd);
     EXPECT_EQ(Table.Framework->Calls.size(), calls);
-    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(Table.Count("gameover"), 1);
 }
 
 TEST_F(NinthTile, AfterTimeUpNothingCountsAndThePointsStand)
@@ -188,56 +163,34 @@ TEST_F(NinthTile, AfterTimeUpNothingCountsAndThePointsStand)
     const int points = Table.Score();
     EXPECT_GT(points, 0);
     Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_EQ(Verdict(), Word("TimeUp"));
+    EXPECT_EQ(Table.Description(), Table.Word("TimeUp"));
     EXPECT_TRUE(Table.UntilStill());
     Table.Key('1' + RightOne());
     Table.Click(Place(RightOne()));
     EXPECT_EQ(Table.Score(), points);
-    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
-}
-
-TEST_F(NinthTile, BeforeStartNothingHappens)
-{
-    Table.Key('1');
-    Table.Key(Enter);
-    Table.Click({400, 200});
-    EXPECT_FALSE(Table.Picture().isNull());
-    EXPECT_EQ(Table.Score(), 0);
-    Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_FALSE(Table.Picture().isNull());
-}
-
-TEST_F(NinthTile, ALevelOutOfRangePlaysAsTheNearest)
-{
-    for (const auto &[asked, played] : {std::pair{-5, 1}, {0, 1}, {99, 10}}) {
-        Start(played);
-        const QString expected = Told();
-        Table.Start(asked);
-        EXPECT_EQ(Told(), expected) << asked;
-        AnswerByKey(RightOne());
-    }
+    EXPECT_EQ(Table.Count("gameover"), 0);
 }
 
 TEST_F(NinthTile, TellsTheWholeItemInWords)
 {
     Start(9);
-    EXPECT_EQ(Told().count(u';'), 2) << qPrintable(Told());
-    EXPECT_TRUE(Told().contains(QStringLiteral("?. 1: "))) << qPrintable(Told());
-    EXPECT_TRUE(Told().contains(QStringLiteral(". 8: "))) << qPrintable(Told());
-    const QString english = Told();
+    EXPECT_EQ(Table.Name().count(u';'), 2) << qPrintable(Table.Name());
+    EXPECT_TRUE(Table.Name().contains(QStringLiteral("?. 1: "))) << qPrintable(Table.Name());
+    EXPECT_TRUE(Table.Name().contains(QStringLiteral(". 8: "))) << qPrintable(Table.Name());
+    const QString english = Table.Name();
     modMain::Language = QStringLiteral("1");
     Table.Start(9);
-    EXPECT_NE(Told(), english);
+    EXPECT_NE(Table.Name(), english);
 }
 
 TEST_F(NinthTile, TheOfferedTilesAreToldInDifferentWords)
 {
     for (int level = 1; level <= NinthRules::Levels; ++level) {
         Start(level);
-        QStringList tiles = Told().split(QStringLiteral(". ")).mid(1);
+        QStringList tiles = Table.Name().split(QStringLiteral(". ")).mid(1);
         for (QString &tile : tiles) tile = tile.section(QStringLiteral(": "), 1);
         EXPECT_EQ(tiles.size(), Offered());
-        EXPECT_EQ(tiles.removeDuplicates(), 0) << qPrintable(Told());
+        EXPECT_EQ(tiles.removeDuplicates(), 0) << qPrintable(Table.Name());
     }
 }
 
@@ -267,7 +220,7 @@ TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
         int level;
         bool dark;
     };
-    const int rest = qEnvironmentVariableIsSet("NOGGLE_PICTURES") ? 600 : 20; // [ms], until what moves has arrived
+    SetPaceOfPictures();
     for (const Row &row :
          {Row{"first", {620, 420}, 1, false}, Row{"middle", {620, 420}, 5, false}, Row{"size", {620, 420}, 7, false},
           Row{"last", {620, 420}, 10, false}, Row{"dark", {620, 420}, 9, true}, Row{"dark5", {620, 420}, 5, true},
@@ -279,7 +232,7 @@ TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
         const QImage fresh = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-item"));
         AnswerByKey(RightOne());
-        Stage::Turn(rest);
+        Stage::Settle(600);
         const QImage right = Table.Picture();
         Table.Keep(name + QStringLiteral("-2-right"));
         Start(row.level);
@@ -287,7 +240,7 @@ TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
         QTest::mouseMove(Table.Game->Control(), Place(WrongOne()));
         Table.Keep(name + QStringLiteral("-3-ring"));
         AnswerByKey(WrongOne());
-        Stage::Turn(rest);
+        Stage::Settle(600);
         const QImage mistake = Table.Picture();
         Table.Keep(name + QStringLiteral("-4-wrong"));
         Table.Game->Message(QStringLiteral("timeup"));

@@ -1,61 +1,33 @@
 #include "games/odd-stone/StoneRules.h"
-#include "tests/games/stage/Stage.h"
+#include "tests/games/stage/KnownGame.h"
 
 #include "shell/program/modMain.h"
-
-#include <gtest/gtest.h>
 
 #include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
 
-#include <optional>
-
 namespace
 {
-const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "odd-stone/");
-constexpr std::uint32_t Seed = 7;
 constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
 constexpr int Enter = 13, Space = 32;
 
-/// The game with a known seed, and its rules beside it, which know what is right.
-class OddStone : public testing::Test
+class OddStone : public KnownGame<StoneRules>
 {
 protected:
-    Stage Table{QStringLiteral("OddStone.GameArea"), WithSeed(Folder, Seed)};
-    std::optional<StoneRules> Known;
+    OddStone() : KnownGame("odd-stone") {}
+
     int Ring = -1; // -1 before an arrow has shown it on the first stone
 
-    void Start(int level)
-    {
-        Known.emplace(level, Seed);
-        Table.Start(level);
-    }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    QString Described() const { return Table.Game->Control()->accessibleDescription(); }
-    QString Told() const { return Table.Game->Control()->accessibleName(); }
     int Odd() const { return Known->Item().Odd; }
     int AnyOther() const { return Odd() == 0 ? 1 : 0; }
-    bool WaitForNext() const
-    {
-        return Stage::Until([this] { return Described() == Word("Hint"); });
-    }
-    int Count(const char *call) const { return Table.Framework->Count(QLatin1String(call)); }
-    /// A place of the drawing, in the game's pixels.
-    QPoint At(QPointF place) const
-    {
-        const QSize size = Table.Game->Control()->size();
-        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
-        return (QPointF((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2) + place * scale)
-            .toPoint();
-    }
     QPoint PlaceOf(int stone) const
     {
         const StoneItem &item = Known->Item();
         const double height = 304.0 / item.Rows;
         const double width = std::min(564.0 / item.Columns, 1.3 * height);
-        return At({310 + width * (stone % item.Columns + 0.5 - item.Columns / 2.0),
-                   208 + height * (stone / item.Columns + 0.5 - item.Rows / 2.0)});
+        return Table.At({310 + width * (stone % item.Columns + 0.5 - item.Columns / 2.0),
+                         208 + height * (stone / item.Columns + 0.5 - item.Rows / 2.0)});
     }
     void Click(int stone)
     {
@@ -93,14 +65,14 @@ TEST_F(OddStone, AWholeSetIsPlayedWithTheKeysAloneAndEndsOnce)
     Start(Most);
     const int count = Known->Set().Count();
     for (int round = 1; round <= count; ++round) {
-        ASSERT_TRUE(WaitForNext());
-        EXPECT_EQ(Count("gameover"), 0);
+        ASSERT_TRUE(UntilNext());
+        EXPECT_EQ(Table.Count("gameover"), 0);
         PressByKeys(Odd(), round % 2 == 0 ? Enter : Space);
         ASSERT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 * round / count);
     }
-    EXPECT_EQ(Count("gameover"), 1) << "before any picture of the end";
+    EXPECT_EQ(Table.Count("gameover"), 1) << "before any picture of the end";
     EXPECT_EQ(shown, 125);
-    EXPECT_EQ(Count("playsound done"), 1);
+    EXPECT_EQ(Table.Count("playsound done"), 1);
     const int calls = Table.Framework->Count({});
     EXPECT_TRUE(Table.UntilStill());
     Table.Key(Enter);
@@ -116,9 +88,9 @@ TEST_F(OddStone, IsPlayedWithTheMouseAloneAtEverySize)
         Table.Resize(place);
         Start(level++);
         for (int round = 0; round < 2; ++round) {
-            ASSERT_TRUE(WaitForNext());
+            ASSERT_TRUE(UntilNext());
             Click(Odd());
-            EXPECT_EQ(Described(), Word("Right")) << place.width();
+            EXPECT_EQ(Table.Description(), Table.Word("Right")) << place.width();
         }
         EXPECT_EQ(Table.Score(), Known->Set().Points()) << place.width();
         EXPECT_GT(Table.Score(), 0);
@@ -132,39 +104,39 @@ TEST_F(OddStone, DigitsPressEightStonesButNoneOfTwelve)
         Table.Key(u'0' + digit);
         Table.Key(96 + digit);
     }
-    EXPECT_EQ(Described(), Word("Hint"));
+    EXPECT_EQ(Table.Description(), Table.Word("Hint"));
     Start(1);
     Table.Key(u'9');
-    EXPECT_EQ(Described(), Word("Hint"));
+    EXPECT_EQ(Table.Description(), Table.Word("Hint"));
     Table.Key(u'1' + Odd());
-    EXPECT_EQ(Described(), Word("Right"));
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
 }
 
 TEST_F(OddStone, TheRingTellsWhatLiesUnderIt)
 {
     Start(6);
-    EXPECT_EQ(Told(), QStringLiteral("30 stones in 5 rows"));
-    EXPECT_EQ(Described(), Word("Hint"));
+    EXPECT_EQ(Table.Name(), QStringLiteral("30 stones in 5 rows"));
+    EXPECT_EQ(Table.Description(), Table.Word("Hint"));
     const StoneItem &item = Known->Item();
     static constexpr std::array Shapes{"circle", "square", "triangle", "hexagon", "pentagon", "oval"};
     for (int stone = 0; stone < 30; ++stone) {
         MoveRingTo(stone);
         const Stone &seen = item.Stones[static_cast<std::size_t>(stone)];
-        EXPECT_TRUE(Described().startsWith(QStringLiteral("%1, %2: ").arg(stone % 6 + 1).arg(stone / 6 + 1)))
-            << qPrintable(Described());
-        EXPECT_TRUE(Described().contains(QLatin1String(Shapes.at(static_cast<std::size_t>(seen.Shape)))));
-        EXPECT_EQ(Described().contains(u"small"), seen.Size < 100);
-        EXPECT_EQ(Described().contains(u"leans to the right"), seen.Tilt > 0);
+        EXPECT_TRUE(Table.Description().startsWith(QStringLiteral("%1, %2: ").arg(stone % 6 + 1).arg(stone / 6 + 1)))
+            << qPrintable(Table.Description());
+        EXPECT_TRUE(Table.Description().contains(QLatin1String(Shapes.at(static_cast<std::size_t>(seen.Shape)))));
+        EXPECT_EQ(Table.Description().contains(u"small"), seen.Size < 100);
+        EXPECT_EQ(Table.Description().contains(u"leans to the right"), seen.Tilt > 0);
     }
 }
 
 TEST_F(OddStone, AClickBesideTheStonesDoesNothing)
 {
     Start(1);
-    Table.Click(At({310, 30}));
-    Table.Click(At({310, 400}));
+    Table.Click(Table.At({310, 30}));
+    Table.Click(Table.At({310, 400}));
     QTest::mouseClick(Table.Game->Control(), Qt::RightButton, {}, PlaceOf(0));
-    EXPECT_EQ(Described(), Word("Hint"));
+    EXPECT_EQ(Table.Description(), Table.Word("Hint"));
 }
 
 TEST_F(OddStone, AWrongPressShowsTheRightStone)
@@ -175,18 +147,19 @@ TEST_F(OddStone, AWrongPressShowsTheRightStone)
     const QRect around(odd - QPoint(size / 2, size / 2), QSize(size, size));
     const QImage before = Table.Picture().copy(around);
     Click(AnyOther());
-    EXPECT_EQ(Described(), Word("Wrong"));
-    EXPECT_EQ(Count("playsound wrong"), 1);
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
+    EXPECT_EQ(Table.Count("playsound wrong"), 1);
     EXPECT_EQ(Table.Score(), 0);
     EXPECT_NE(Table.Picture().copy(around), before) << "a ring and a tick";
     Table.Key(Down);
     Table.Key(Enter);
     Table.Click(odd);
-    EXPECT_EQ(Count("progress"), 1) << "no key counts while the answer is told";
+    EXPECT_EQ(Table.Count("progress"), 1) << "no key counts while the answer is told";
 }
 
 TEST_F(OddStone, HiddenItsClockStandsStill)
 {
+    Table.SetPace(100);
     Start(1);
     QElapsedTimer clock;
     clock.start();
@@ -197,37 +170,25 @@ TEST_F(OddStone, HiddenItsClockStandsStill)
     Table.Key(u'1');
     Table.Game->SetVisible(true);
     clock.restart();
-    EXPECT_EQ(Described(), Word("Right")) << "still told";
-    ASSERT_TRUE(WaitForNext());
+    EXPECT_EQ(Table.Description(), Table.Word("Right")) << "still told";
+    ASSERT_TRUE(UntilNext());
     seen += clock.elapsed();
     EXPECT_GE(seen, 395) << "[ms] for which the answer was in view";
     Click(AnyOther());
-    EXPECT_EQ(Described(), Word("Wrong"));
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
 }
 
 TEST_F(OddStone, AfterTimeUpNothingCountsAndThePointsStand)
 {
     Start(1);
     Click(Odd());
-    ASSERT_TRUE(WaitForNext());
+    ASSERT_TRUE(UntilNext());
     Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_EQ(Described(), Word("TimeUp"));
+    EXPECT_EQ(Table.Description(), Table.Word("TimeUp"));
     Table.Key(u'1' + Odd());
     Table.Click(PlaceOf(Odd()));
     EXPECT_EQ(Table.Score(), 1000 / 295);
-    EXPECT_EQ(Count("gameover"), 0);
-}
-
-TEST_F(OddStone, BeforeStartNothingHappens)
-{
-    Table.Key(Down);
-    Table.Key(Enter);
-    Table.Key(u'1');
-    Table.Click(At({310, 200}));
-    EXPECT_FALSE(Table.Picture().isNull());
-    EXPECT_EQ(Table.Score(), 0);
-    Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_FALSE(Table.Picture().isNull());
+    EXPECT_EQ(Table.Count("gameover"), 0);
 }
 
 TEST_F(OddStone, StandsStillWhileNothingMoves)
@@ -236,14 +197,6 @@ TEST_F(OddStone, StandsStillWhileNothingMoves)
     Click(Odd());
     EXPECT_FALSE(Table.Game->Control()->findChildren<QTimer *>().isEmpty());
     EXPECT_TRUE(Table.UntilStill());
-}
-
-TEST_F(OddStone, ALevelOutOfRangePlaysAsTheNearest)
-{
-    Start(-3);
-    EXPECT_EQ(Told(), QStringLiteral("8 stones in 2 rows"));
-    Start(99);
-    EXPECT_EQ(Told(), QStringLiteral("60 stones in 6 rows"));
 }
 
 TEST_F(OddStone, EveryWordOfItsOwnIsThereInBothLanguages)
@@ -262,6 +215,7 @@ TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
         int level;
         bool dark;
     };
+    SetPaceOfPictures();
     for (const Row &row :
          {Row{"first", {620, 420}, 1, false}, Row{"close", {620, 420}, 4, true}, Row{"middle", {620, 420}, 5, false},
           Row{"plain", {620, 420}, 8, true}, Row{"last", {620, 420}, 9, false}, Row{"large", {1600, 1000}, 9, true},
@@ -274,12 +228,12 @@ TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
         const QImage fresh = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-first"));
         Click(Odd());
-        Stage::Turn(80);
+        Stage::Settle(80);
         const QImage right = Table.Picture();
         Table.Keep(name + QStringLiteral("-2-right"));
         Start(row.level);
         Click(AnyOther());
-        Stage::Turn(120);
+        Stage::Settle(120);
         const QImage wrong = Table.Picture();
         Table.Keep(name + QStringLiteral("-3-wrong"));
         Table.Game->Message(QStringLiteral("timeup"));

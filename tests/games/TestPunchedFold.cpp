@@ -1,64 +1,35 @@
 #include "games/punched-fold/FoldRules.h"
-#include "tests/games/stage/Stage.h"
+#include "tests/games/stage/KnownGame.h"
 
-#include "platform/Files.h"
 #include "shell/program/modMain.h"
-
-#include <gtest/gtest.h>
 
 #include <QTimer>
 
 namespace
 {
-const QString Delivered = QStringLiteral(NOGGLE_DIST_FOLDER "punched-fold/");
-constexpr std::uint32_t Seed = 7;
 constexpr int Enter = 13, Space = 32, RightArrow = 39;
 
-/// The game on a known board, and the rules beside it that tell what is right.
-class PunchedFold : public testing::Test
+class PunchedFold : public KnownGame<FoldRules>
 {
 protected:
-    QString Folder = WithSeed(Delivered, Seed);
-    Stage Table{QStringLiteral("PunchedFold.GameArea"), Folder};
-    FoldRules Rules{1, Seed};
+    PunchedFold() : KnownGame("punched-fold") {}
 
-    void Start(int level)
-    {
-        Rules = FoldRules(level, Seed);
-        Table.Start(level);
-    }
-    int RightOne() const { return Rules.Item().Answer; }
-    int WrongOne() const { return (Rules.Item().Answer + 1) % FoldItem::Choices; }
+    int RightOne() const { return Known->Item().Answer; }
+    int WrongOne() const { return (Known->Item().Answer + 1) % FoldItem::Choices; }
     void Note(int choice)
     {
-        Rules.Judge(choice);
-        if (!Rules.Set().Over()) Rules.Next();
+        Known->Judge(choice);
+        if (!Known->Set().Over()) Known->Next();
     }
     /// Answers by its number and waits for the next item.
     void Answer(int choice)
     {
         Table.Key(u'1' + choice);
         Note(choice);
-        if (!Rules.Set().Over()) WaitForItem();
+        if (Known->Set().Over()) return;
+        EXPECT_TRUE(UntilNext());
     }
-    void WaitForItem()
-    {
-        EXPECT_TRUE(Stage::Until([this] { return Line() == Word("Hint"); }));
-    }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    QString Told() const { return Table.Game->Control()->accessibleName(); }
-    QString Line() const { return Table.Game->Control()->accessibleDescription(); }
-    QPoint Sheet(int choice) const
-    {
-        const QSize size = Table.Game->Control()->size();
-        const double scale = std::min(size.width() / 620.0, size.height() / 420.0);
-        const QPointF origin((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2);
-        return (origin + QPointF(74 + 118 * choice, 277) * scale).toPoint();
-    }
-    int Sounds(const char *name) const
-    {
-        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
-    }
+    QPoint Sheet(int choice) const { return Table.At(QPointF(74 + 118 * choice, 277)); }
 };
 } // namespace
 
@@ -66,17 +37,17 @@ TEST_F(PunchedFold, IsPlayedWithTheKeysAlone)
 {
     Start(1);
     Table.Key(u'1' + RightOne());
-    EXPECT_EQ(Line(), Word("Right"));
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
     Note(RightOne());
-    WaitForItem();
+    EXPECT_TRUE(UntilNext());
     Table.Key(RightArrow); // shows the ring at the first sheet
     for (int sheet = 0; sheet < RightOne(); ++sheet) Table.Key(RightArrow);
     Table.Key(Space);
-    EXPECT_EQ(Line(), Word("Right"));
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
     Note(RightOne());
-    EXPECT_EQ(Sounds("right"), 2);
-    EXPECT_EQ(Table.Score(), Rules.Set().Points());
-    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), Rules.Set().Progress());
+    EXPECT_EQ(Table.Sounds("right"), 2);
+    EXPECT_EQ(Table.Score(), Known->Set().Points());
+    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), Known->Set().Progress());
 }
 
 TEST_F(PunchedFold, IsPlayedWithTheMouseAloneAtAnySize)
@@ -85,9 +56,9 @@ TEST_F(PunchedFold, IsPlayedWithTheMouseAloneAtAnySize)
         Table.Resize(size);
         Start(3);
         Table.Click(Sheet(RightOne()));
-        EXPECT_EQ(Line(), Word("Right")) << size.width();
+        EXPECT_EQ(Table.Description(), Table.Word("Right")) << size.width();
         Note(RightOne());
-        EXPECT_EQ(Table.Score(), Rules.Set().Points());
+        EXPECT_EQ(Table.Score(), Known->Set().Points());
     }
 }
 
@@ -97,31 +68,38 @@ TEST_F(PunchedFold, TheFoldsAndOtherKeysChooseNothing)
     Table.Click({310, 110});
     Table.Click({310, 400});
     for (const int key : {Enter, Space, int(u'6'), int(u'0')}) Table.Key(key);
-    EXPECT_EQ(Line(), Word("Hint"));
-    EXPECT_EQ(Sounds("wrong") + Sounds("right"), 0);
+    EXPECT_EQ(Table.Description(), Table.Word("Hint"));
+    EXPECT_EQ(Table.Sounds("wrong") + Table.Sounds("right"), 0);
 }
 
-TEST_F(PunchedFold, AMistakeTakesPointsBackAndShowsHowThePaperOpens)
+TEST_F(PunchedFold, AMistakeTakesPointsBack)
 {
     Start(4);
     Answer(RightOne());
     const int before = Table.Score();
-    const QImage asked = Table.Picture();
     Table.Key(u'1' + WrongOne());
-    EXPECT_EQ(Line(), Word("Wrong"));
-    EXPECT_EQ(Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
+    EXPECT_EQ(Table.Sounds("wrong"), 1);
     Note(WrongOne());
     EXPECT_LT(Table.Score(), before);
-    EXPECT_EQ(Table.Score(), Rules.Set().Points());
-    EXPECT_TRUE(Stage::Until([&] { // the row of folds
-        return Table.Picture().copy(40, 60, 540, 110) != asked.copy(40, 60, 540, 110);
-    }));
+    EXPECT_EQ(Table.Score(), Known->Set().Points());
     Table.Key(u'1');
     Table.Click(Sheet(2));
-    EXPECT_EQ(Table.Score(), Rules.Set().Points()) << "nothing counts while it is told";
-    WaitForItem();
+    EXPECT_EQ(Table.Score(), Known->Set().Points()) << "nothing counts while it is told";
+    EXPECT_TRUE(UntilNext());
     Answer(RightOne());
-    EXPECT_EQ(Table.Score(), Rules.Set().Points());
+    EXPECT_EQ(Table.Score(), Known->Set().Points());
+}
+
+TEST_F(PunchedFold, ThePaperOpensWhileAMistakeIsTold)
+{
+    Table.SetPace(200); // so that it is seen, however busy the machine is
+    Start(4);
+    const auto folds = [this] { return Table.Picture().copy(40, 60, 540, 110); };
+    const QImage asked = folds();
+    Table.Key(u'1' + WrongOne());
+    EXPECT_TRUE(Stage::Until([&] { return folds() != asked; }));
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
 }
 
 TEST_F(PunchedFold, HiddenStandsStill)
@@ -130,13 +108,13 @@ TEST_F(PunchedFold, HiddenStandsStill)
     Table.Key(u'1' + RightOne());
     Note(RightOne());
     Table.Game->SetVisible(false);
-    Stage::Turn(1200); // longer than a right answer is told
-    EXPECT_EQ(Line(), Word("Right"));
+    Stage::Turn(200); // longer than a right answer is told
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
     Table.Key(u'1');
     Table.Game->SetVisible(true);
     Table.Key(u'1');
-    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), Rules.Set().Progress());
-    WaitForItem();
+    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), Known->Set().Progress());
+    EXPECT_TRUE(UntilNext());
 }
 
 TEST_F(PunchedFold, NoTimerRunsWhileThePlayerThinks)
@@ -149,19 +127,15 @@ TEST_F(PunchedFold, NoTimerRunsWhileThePlayerThinks)
 
 TEST_F(PunchedFold, TheLastItemEndsTheSessionAtOnceWithThePointsSafe)
 {
-    Table.Framework->GameOver = [this] { // what the shell does, with the points asked for inside
-        EXPECT_EQ(Table.Score(), 128);
-        Table.Game->Message(QStringLiteral("unload"));
-        Table.Game->Unload();
-    };
+    Table.UnloadAtTheEnd([this] { EXPECT_EQ(Table.Score(), 128); });
     Start(8);
-    while (!Rules.Set().Over()) {
-        EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+    while (!Known->Set().Over()) {
+        EXPECT_EQ(Table.Count("gameover"), 0);
         Answer(RightOne());
     }
-    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(Table.Count("gameover"), 1);
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100);
-    EXPECT_EQ(Sounds("done"), 1);
+    EXPECT_EQ(Table.Sounds("done"), 1);
     Stage::Turn(20);
 }
 
@@ -172,45 +146,23 @@ TEST_F(PunchedFold, AfterTimeUpNothingCountsAndThePointsStand)
     Table.Game->Message(QStringLiteral("timeup"));
     const int points = Table.Score();
     EXPECT_GT(points, 0);
-    EXPECT_EQ(Line(), Word("TimeUp"));
+    EXPECT_EQ(Table.Description(), Table.Word("TimeUp"));
     for (int choice = 0; choice < FoldItem::Choices; ++choice) {
         Table.Key(u'1' + choice);
         Table.Click(Sheet(choice));
     }
     EXPECT_EQ(Table.Score(), points);
-    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
-}
-
-TEST_F(PunchedFold, BeforeStartNothingHappens)
-{
-    Table.Key(u'1');
-    Table.Click(Sheet(1));
-    EXPECT_FALSE(Table.Picture().isNull());
-    EXPECT_EQ(Table.Score(), 0);
-    Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_FALSE(Table.Picture().isNull());
-}
-
-TEST_F(PunchedFold, ALevelOutOfRangePlaysAsTheNearest)
-{
-    Start(8);
-    const QString highest = Told();
-    Start(99);
-    EXPECT_EQ(Told(), highest);
-    Start(1);
-    const QString lowest = Told();
-    Start(-3);
-    EXPECT_EQ(Told(), lowest);
+    EXPECT_EQ(Table.Count("gameover"), 0);
 }
 
 TEST_F(PunchedFold, TellsItsItemsInWords)
 {
     Start(8);
-    EXPECT_EQ(Told().count(QStringLiteral("over the line from")), 4) << qPrintable(Told());
-    EXPECT_TRUE(Told().contains(QStringLiteral("Sheets: 1: "))) << qPrintable(Told());
+    EXPECT_EQ(Table.Name().count(QStringLiteral("over the line from")), 4) << qPrintable(Table.Name());
+    EXPECT_TRUE(Table.Name().contains(QStringLiteral("Sheets: 1: "))) << qPrintable(Table.Name());
     modMain::Language = QStringLiteral("1");
     Start(2);
-    EXPECT_EQ(Told().count(QStringLiteral("die Linie von")), 1) << qPrintable(Told());
+    EXPECT_EQ(Table.Name().count(QStringLiteral("die Linie von")), 1) << qPrintable(Table.Name());
 }
 
 TEST_F(PunchedFold, EveryWordOfItsOwnIsThereInBothLanguages)
@@ -218,19 +170,6 @@ TEST_F(PunchedFold, EveryWordOfItsOwnIsThereInBothLanguages)
     Table.ExpectWords({"Name", "Hint", "Right", "Wrong", "WasRight", "Told", "FoldTold", "RightPart", "LeftPart",
                        "UpperPart", "LowerPart", "UpperRightPart", "UpperLeftPart", "LowerRightPart", "LowerLeftPart",
                        "Points", "Level", "TimeUp"});
-}
-
-TEST_F(PunchedFold, ItsFolderIsComplete)
-{
-    for (const char *file : {"GameSettings.ini", "Instructions.rtf", "punched-fold.so", "sounds/right.wav",
-                             "sounds/wrong.wav", "sounds/done.wav"})
-        EXPECT_TRUE(FileExists(Delivered + QLatin1String(file))) << file;
-    const auto config = [this](const char *name) {
-        return Table.Framework->GetSetting(QStringLiteral("config"), QLatin1String(name));
-    };
-    EXPECT_EQ(config("component"), QStringLiteral("PunchedFold"));
-    EXPECT_EQ(config("levels").toInt(), FoldRules::Levels);
-    EXPECT_EQ(config("timelimit"), QStringLiteral("105"));
 }
 
 TEST_F(PunchedFold, PicturesDifferBetweenItsParts)
@@ -242,6 +181,7 @@ TEST_F(PunchedFold, PicturesDifferBetweenItsParts)
         int level;
         bool dark;
     };
+    SetPaceOfPictures();
     for (const Row &row : {Row{"first", {620, 420}, 1, false}, Row{"second", {620, 420}, 3, true},
                            Row{"middle", {620, 420}, 5, false}, Row{"last", {620, 420}, 8, false},
                            Row{"large", {1600, 1000}, 7, true}, Row{"small", {380, 290}, 8, true}}) {
@@ -258,7 +198,7 @@ TEST_F(PunchedFold, PicturesDifferBetweenItsParts)
         Table.Start(row.level);
         Table.Key(u'1' + WrongOne());
         const QImage wrong = Table.Picture();
-        if (qEnvironmentVariableIsSet("NOGGLE_PICTURES")) Stage::Turn(2400); // until the paper is open
+        Stage::Settle(2400);
         Table.Keep(name + QStringLiteral("-3-wrong"));
         Table.Game->Message(QStringLiteral("timeup"));
         Table.Keep(name + QStringLiteral("-4-timeup"));

@@ -42,13 +42,10 @@ protected:
     QString m_Folder;
 };
 
-QString Name(const Stage &stage) { return stage.Game->Control()->accessibleName(); }
-QString Told(const Stage &stage) { return stage.Game->Control()->accessibleDescription(); }
-
 /// The number of the right choice, from 1, as who reads the question finds it.
 int RightChoice(const Stage &stage, const QuestionSet &set)
 {
-    const QString name = Name(stage);
+    const QString name = stage.Name();
     for (const Question &question : set.Questions) {
         if (!name.startsWith(question.Prompt + QStringLiteral(" 1: "))) continue;
         for (int choice = 1; choice <= 6; ++choice)
@@ -61,15 +58,12 @@ int RightChoice(const Stage &stage, const QuestionSet &set)
 /// The middle of a choice of four in two columns below a card without a picture, in the place that the game has.
 QPoint PlaceOf(const Stage &stage, int choice)
 {
-    const QSizeF size = stage.Game->Control()->size();
-    const double scale = std::min(size.width() / 620, size.height() / 420);
-    const QPointF design(choice % 2 == 1 ? 162 : 458, choice <= 2 ? 235 : 320);
-    return (QPointF((size.width() - 620 * scale) / 2, (size.height() - 420 * scale) / 2) + design * scale).toPoint();
+    return stage.At({choice % 2 == 1 ? 162.0 : 458.0, choice <= 2 ? 235.0 : 320.0});
 }
 
 bool NextShown(Stage &stage)
 {
-    return Stage::Until([&] { return !Told(stage).contains(QStringLiteral(": ")); });
+    return Stage::Until([&] { return !stage.Description().contains(QStringLiteral(": ")); });
 }
 
 const QByteArray Typed = "Question: How many legs has a spider?\nAnswer: 8\n\n"
@@ -84,15 +78,15 @@ TEST_F(Bundled, IsPlayedByTheKeyboardAloneToItsEnd)
     for (int round = 1; round <= 15; ++round) {
         stage.Key(48 + RightChoice(stage, set));
         EXPECT_EQ(stage.Framework->Last(QStringLiteral("progress")), 100 * round / 15);
-        EXPECT_TRUE(Told(stage).startsWith(u"Right: "));
+        EXPECT_TRUE(stage.Description().startsWith(u"Right: "));
         if (round < 15) stage.Key(13); // goes on at once
     }
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(stage.Count("gameover"), 1);
     EXPECT_EQ(stage.Score(), 110);
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound right")), 14);
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound done")), 1);
+    EXPECT_EQ(stage.Count("playsound right"), 14);
+    EXPECT_EQ(stage.Count("playsound done"), 1);
     stage.Key(49);
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1) << "nothing counts after the end";
+    EXPECT_EQ(stage.Count("gameover"), 1) << "nothing counts after the end";
 }
 
 TEST_F(Bundled, IsPlayedByTheMouseAloneToItsEnd)
@@ -104,36 +98,38 @@ TEST_F(Bundled, IsPlayedByTheMouseAloneToItsEnd)
         stage.Click(PlaceOf(stage, RightChoice(stage, set)));
         if (round < 15) stage.Click({3, 3}); // goes on at once
     }
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(stage.Count("gameover"), 1);
     EXPECT_EQ(stage.Score(), 110);
 }
 
 TEST_F(Bundled, ShowsWhatWasRightAfterAMistakeAndThenGoesOnByItself)
 {
     Stage stage(ClassName, m_Folder);
+    stage.SetPace(Stage::IsSeen() ? 100 : Quick);
     stage.Start(1);
     const QuestionSet set = LoadQuestions(m_Folder, {});
     const int right = RightChoice(stage, set);
-    const QString asked = Name(stage);
+    const QString asked = stage.Name();
     stage.Key(48 + (right == 1 ? 2 : 1));
-    EXPECT_TRUE(Told(stage).startsWith(u"Not right: ")) << Told(stage).toStdString();
-    EXPECT_TRUE(asked.contains(Told(stage).section(QStringLiteral(": "), 1)));
+    EXPECT_TRUE(stage.Description().startsWith(u"Not right: ")) << stage.Description().toStdString();
+    EXPECT_TRUE(asked.contains(stage.Description().section(QStringLiteral(": "), 1)));
     stage.Keep(QStringLiteral("capitals-mistake"));
     ASSERT_TRUE(NextShown(stage));
-    EXPECT_NE(Name(stage), asked);
+    EXPECT_NE(stage.Name(), asked);
     EXPECT_EQ(stage.Score(), 0);
 }
 
 TEST_F(Bundled, StandsStillWhileHidden)
 {
     Stage stage(ClassName, m_Folder);
+    stage.SetPace(Quick);
     stage.Start(1);
     stage.Key(49);
-    const QString asked = Name(stage);
+    const QString asked = stage.Name();
     stage.Game->SetVisible(false);
     stage.Key(13);
-    Stage::Turn(800); // longer than a right answer is told
-    EXPECT_EQ(Name(stage), asked);
+    Stage::Turn(400); // longer than an answer is told
+    EXPECT_EQ(stage.Name(), asked);
     stage.Game->SetVisible(true);
     EXPECT_TRUE(NextShown(stage));
 }
@@ -150,7 +146,7 @@ TEST_F(Bundled, SaysThatTheTimeIsUpAndTakesNothingMore)
     stage.Key(13);
     stage.Key(49);
     EXPECT_EQ(stage.Score(), points);
-    EXPECT_EQ(Told(stage), QStringLiteral("Time is up"));
+    EXPECT_EQ(stage.Description(), QStringLiteral("Time is up"));
 }
 
 TEST_F(Bundled, AsksInTheLanguageOfTheProgram)
@@ -159,7 +155,7 @@ TEST_F(Bundled, AsksInTheLanguageOfTheProgram)
     Stage stage(ClassName, m_Folder);
     stage.Start(1);
     RightChoice(stage, LoadQuestions(m_Folder, QStringLiteral("1")));
-    EXPECT_EQ(Told(stage), QStringLiteral("Welche Stadt ist die Hauptstadt?"));
+    EXPECT_EQ(stage.Description(), QStringLiteral("Welche Stadt ist die Hauptstadt?"));
     stage.Keep(QStringLiteral("capitals-german"));
 }
 
@@ -190,16 +186,16 @@ TEST(Questions, AreTypedOnTheKeyboard)
     stage.Start(1);
     for (int round = 0; round < 2; ++round) {
         QWidget *const game = stage.Game->Control();
-        QTest::keyClicks(game, Name(stage).contains(QStringLiteral("spider")) ? QStringLiteral("8")
-                                                                              : QStringLiteral("BERLINX"));
-        if (!Name(stage).contains(QStringLiteral("spider"))) QTest::keyClick(game, Qt::Key_Backspace);
+        QTest::keyClicks(game, stage.Name().contains(QStringLiteral("spider")) ? QStringLiteral("8")
+                                                                               : QStringLiteral("BERLINX"));
+        if (!stage.Name().contains(QStringLiteral("spider"))) QTest::keyClick(game, Qt::Key_Backspace);
         stage.Keep(QStringLiteral("typed-%1").arg(round));
         stage.Key(13); // the verb of the same press, which comes first
         QTest::keyClick(game, Qt::Key_Return);
-        EXPECT_TRUE(Told(stage).startsWith(u"Right: ")) << Told(stage).toStdString();
+        EXPECT_TRUE(stage.Description().startsWith(u"Right: ")) << stage.Description().toStdString();
         if (round == 0) stage.Key(13);
     }
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(stage.Count("gameover"), 1);
     EXPECT_EQ(stage.Score(), 110);
 }
 
@@ -211,10 +207,10 @@ TEST(Questions, AreTypedWithTheMouseAlone)
     // twelve keys in one row: ten digits, back, enter
     const auto key = [](int place) { return QPoint(20 + static_cast<int>(580 / 12.0 * (place + 0.5)), 226); };
     for (const int place : {1, 4, 10, 6, 11}) stage.Click(key(place)); // 14, back, 16, enter
-    EXPECT_EQ(Told(stage), QStringLiteral("Not right: 15"));
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("playsound")), 0) << "this set brings no sounds";
+    EXPECT_EQ(stage.Description(), QStringLiteral("Not right: 15"));
+    EXPECT_EQ(stage.Count("playsound"), 0) << "this set brings no sounds";
     stage.Keep(QStringLiteral("typed-mistake"));
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("gameover")), 1);
+    EXPECT_EQ(stage.Count("gameover"), 1);
     EXPECT_EQ(stage.Score(), 0);
 }
 
@@ -237,8 +233,8 @@ TEST(Questions, TellWhatIsWrongWithTheirFile)
     const Given given("Question: A?\nRigth: 1\n\nnonsense\n");
     Stage stage(ClassName, given.Game());
     stage.Start(1);
-    EXPECT_EQ(stage.Framework->Count(QStringLiteral("ShowError The questions in Questions.txt can't be used.")), 1);
-    EXPECT_TRUE(Name(stage).contains(QStringLiteral("Line 2: \"rigth\" is no word"))) << Name(stage).toStdString();
+    EXPECT_EQ(stage.Count("ShowError The questions in Questions.txt can't be used."), 1);
+    EXPECT_TRUE(stage.Name().contains(QStringLiteral("Line 2: \"rigth\" is no word"))) << stage.Name().toStdString();
     stage.Key(49);
     stage.Click({300, 200});
     EXPECT_EQ(stage.Score(), 0);

@@ -1,44 +1,22 @@
 #include "games/quiet-rule/QuietRules.h"
 #include "shell/program/modMain.h"
-#include "tests/games/stage/Stage.h"
-
-#include <gtest/gtest.h>
+#include "tests/games/stage/KnownGame.h"
 
 #include <QTest>
 #include <QTimer>
 
 namespace
 {
-const QString Folder = QStringLiteral(NOGGLE_DIST_FOLDER "quiet-rule/");
-constexpr std::uint32_t Seed = 7;
 constexpr int Enter = 13, Space = 32;
 constexpr int Left = 37, Right = 39;
 
-/// The game with a known seed, and beside it the same rules, which tell what is right.
-class QuietRule : public testing::Test
+class QuietRule : public KnownGame<QuietRules>
 {
 protected:
-    Stage Table{QStringLiteral("QuietRule.GameArea"), WithSeed(Folder, Seed)};
-    std::unique_ptr<QuietRules> Known;
+    QuietRule() : KnownGame("quiet-rule") {}
 
-    void Start(int level)
-    {
-        Known = std::make_unique<QuietRules>(level, Seed);
-        Table.Start(level);
-    }
     int RightOne() const { return Known->RightPile(); }
     int WrongOne() const { return (RightOne() + 1) % QuietRules::Piles; }
-    QString Told() const { return Table.Game->Control()->accessibleName(); }
-    QString Verdict() const { return Table.Game->Control()->accessibleDescription(); }
-    QString Word(const char *name) const { return Table.Framework->LangString(QLatin1String(name)); }
-    int Sounds(const char *name) const
-    {
-        return Table.Framework->Count(QStringLiteral("playsound ") + QLatin1String(name));
-    }
-    bool UntilNext()
-    {
-        return Stage::Until([this] { return Verdict() == Word("Hint"); });
-    }
     /// What both sides think of an answer: the game has been told already.
     void Follow(int pile)
     {
@@ -54,11 +32,7 @@ protected:
     /// A point of a pile; 0.5, 0.5 is its middle.
     QPoint Place(int pile, double across = 0.5, double down = 0.5) const
     {
-        const QPointF design(35 + pile * 146 + 112 * across, 58 + 132 * down);
-        const QSize whole = Table.Game->Control()->size();
-        const double scale = std::min(whole.width() / 620.0, whole.height() / 420.0);
-        return (QPointF((whole.width() - 620 * scale) / 2, (whole.height() - 420 * scale) / 2) + design * scale)
-            .toPoint();
+        return Table.At({35 + pile * 146 + 112 * across, 58 + 132 * down});
     }
 };
 } // namespace
@@ -70,13 +44,13 @@ TEST_F(QuietRule, IsPlayedWithNumbersAloneOverATurnOfTheRule)
     int cards = 0;
     while (Known->Rule() == first) {
         AnswerByKey(RightOne());
-        EXPECT_EQ(Sounds("right"), ++cards);
-        EXPECT_EQ(Verdict(), Word("Right"));
+        EXPECT_EQ(Table.Sounds("right"), ++cards);
+        EXPECT_EQ(Table.Description(), Table.Word("Right"));
         ASSERT_TRUE(UntilNext());
     }
     const int oldPile = Known->PileBy(first);
     AnswerByKey(oldPile);
-    EXPECT_EQ(Verdict(), Word("Wrong")) << "the old rule does not count any more";
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong")) << "the old rule does not count any more";
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100 * (cards + 1) / Known->Set().Count());
 }
 
@@ -91,7 +65,7 @@ TEST_F(QuietRule, IsPlayedWithArrowsAndTheRing)
         Follow(RightOne());
         ASSERT_TRUE(UntilNext());
     }
-    EXPECT_EQ(Sounds("right"), 2);
+    EXPECT_EQ(Table.Sounds("right"), 2);
 }
 
 TEST_F(QuietRule, IsPlayedWithTheMouseAlone)
@@ -101,7 +75,7 @@ TEST_F(QuietRule, IsPlayedWithTheMouseAlone)
         const int right = RightOne();
         Table.Click(Place(right));
         Follow(right);
-        EXPECT_EQ(Sounds("right"), card);
+        EXPECT_EQ(Table.Sounds("right"), card);
         ASSERT_TRUE(UntilNext());
     }
 }
@@ -114,12 +88,13 @@ TEST_F(QuietRule, EveryPileIsFoundByTheMouseAtEverySize)
             for (const double part : {0.05, 0.5, 0.95}) {
                 Start(7);
                 Table.Click(Place(pile, part, part));
-                EXPECT_EQ(Verdict(), Word(pile == RightOne() ? "Right" : "Wrong")) << size.width() << ' ' << pile;
+                EXPECT_EQ(Table.Description(), Table.Word(pile == RightOne() ? "Right" : "Wrong"))
+                    << size.width() << ' ' << pile;
             }
         }
         Start(7);
         Table.Click(Place(0, 0.5, 1.3));
-        EXPECT_EQ(Verdict(), Word("Hint")) << "beside the piles nothing happens";
+        EXPECT_EQ(Table.Description(), Table.Word("Hint")) << "beside the piles nothing happens";
     }
 }
 
@@ -128,16 +103,16 @@ TEST_F(QuietRule, AWrongAnswerShowsWhatWasRightAndTakesNoOther)
     Start(3);
     const QImage before = Table.Picture();
     AnswerByKey(WrongOne());
-    EXPECT_EQ(Sounds("wrong"), 1);
-    EXPECT_EQ(Verdict(), Word("Wrong"));
-    EXPECT_TRUE(Told().startsWith(Word("RightPile"))) << qPrintable(Told());
+    EXPECT_EQ(Table.Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
+    EXPECT_TRUE(Table.Name().startsWith(Table.Word("RightPile"))) << qPrintable(Table.Name());
     EXPECT_NE(Table.Picture(), before);
     for (int key = '1'; key <= '4'; ++key) Table.Key(key);
     Table.Click(Place(0));
-    EXPECT_EQ(Sounds("right") + Sounds("wrong"), 1) << "nothing counts while the answer is told";
+    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1) << "nothing counts while the answer is told";
     ASSERT_TRUE(UntilNext());
     AnswerByKey(RightOne());
-    EXPECT_EQ(Sounds("right"), 1);
+    EXPECT_EQ(Table.Sounds("right"), 1);
 }
 
 // The tick on the right pile, as a spot of its colour in the pile's corner.
@@ -147,6 +122,7 @@ TEST_F(QuietRule, AtTheLastLevelTheRightPileIsSeenForAMomentOnly)
         return Table.Picture().pixelColor(Place(pile, 0.946, -0.049)) == QColor(0x17, 0x80, 0x50);
     };
     Table.Resize({620, 420});
+    Table.SetPace(100);
     for (const bool isLast : {false, true}) {
         Start(isLast ? 7 : 3);
         const int right = RightOne();
@@ -155,7 +131,7 @@ TEST_F(QuietRule, AtTheLastLevelTheRightPileIsSeenForAMomentOnly)
         EXPECT_TRUE(showsTick(right));
         bool isGoneBeforeTheEnd = false;
         EXPECT_TRUE(Stage::Until([&] {
-            const bool isTold = Verdict() == Word("Wrong");
+            const bool isTold = Table.Description() == Table.Word("Wrong");
             isGoneBeforeTheEnd = isGoneBeforeTheEnd || (isTold && !showsTick(right));
             return !isTold;
         }));
@@ -169,10 +145,10 @@ TEST_F(QuietRule, TheTellingStandsStillWhileHidden)
     AnswerByKey(RightOne());
     Table.Game->SetVisible(false);
     EXPECT_TRUE(Table.UntilStill());
-    Stage::Turn(600); // longer than a right answer is told
-    EXPECT_EQ(Verdict(), Word("Right"));
+    Stage::Turn(200); // longer than a right answer is told
+    EXPECT_EQ(Table.Description(), Table.Word("Right"));
     Table.Key('1');
-    EXPECT_EQ(Sounds("right") + Sounds("wrong"), 1);
+    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1);
     Table.Game->SetVisible(true);
     EXPECT_TRUE(UntilNext());
 }
@@ -183,14 +159,14 @@ TEST_F(QuietRule, AWholeSetEndsTheSessionAtOnceAndOnceAndNothingCountsAfterwards
     int atTheEnd = -1;
     Table.Framework->GameOver = [&] { atTheEnd = Table.Score(); }; // asked for inside, before anything closes
     while (!Known->Set().Over()) {
-        EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
+        EXPECT_EQ(Table.Count("gameover"), 0);
         ASSERT_TRUE(UntilNext());
         AnswerByKey(RightOne());
     }
     EXPECT_EQ(atTheEnd, Known->Set().Points());
     EXPECT_GT(atTheEnd, 120);
     EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100);
-    EXPECT_EQ(Sounds("done"), 1);
+    EXPECT_EQ(Table.Sounds("done"), 1);
     EXPECT_TRUE(Table.UntilStill());
 
     const auto calls = Table.Framework->Calls.size();
@@ -207,50 +183,28 @@ TEST_F(QuietRule, AfterTimeUpNothingCountsAndThePointsStand)
     const int points = Table.Score();
     EXPECT_GT(points, 0);
     Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_EQ(Verdict(), Word("TimeUp"));
+    EXPECT_EQ(Table.Description(), Table.Word("TimeUp"));
     EXPECT_TRUE(Table.UntilStill());
     Table.Key('1' + RightOne());
     Table.Click(Place(RightOne()));
     EXPECT_EQ(Table.Score(), points);
-    EXPECT_EQ(Table.Framework->Count(QStringLiteral("gameover")), 0);
-}
-
-TEST_F(QuietRule, BeforeStartNothingHappens)
-{
-    Table.Key('1');
-    Table.Key(Enter);
-    Table.Click(Place(1));
-    EXPECT_FALSE(Table.Picture().isNull());
-    EXPECT_EQ(Table.Score(), 0);
-    Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_FALSE(Table.Picture().isNull());
-}
-
-TEST_F(QuietRule, ALevelOutOfRangePlaysAsTheNearest)
-{
-    for (const auto &[asked, played] : {std::pair{-5, 1}, {0, 1}, {99, 7}}) {
-        Start(played);
-        const QString expected = Told();
-        Table.Start(asked);
-        EXPECT_EQ(Told(), expected) << asked;
-        AnswerByKey(RightOne());
-    }
+    EXPECT_EQ(Table.Count("gameover"), 0);
 }
 
 TEST_F(QuietRule, TellsCardAndPilesInWordsAndNeverTheRule)
 {
     for (int level = 1; level <= QuietRules::Levels; ++level) {
         Start(level);
-        const QStringList parts = Told().split(QStringLiteral(". "));
-        ASSERT_EQ(parts.size(), 5) << qPrintable(Told());
+        const QStringList parts = Table.Name().split(QStringLiteral(". "));
+        ASSERT_EQ(parts.size(), 5) << qPrintable(Table.Name());
         for (int pile = 1; pile <= QuietRules::Piles; ++pile)
             EXPECT_TRUE(parts[pile].startsWith(QStringLiteral("%1: ").arg(pile))) << qPrintable(parts[pile]);
-        EXPECT_EQ(Verdict(), Word("Hint"));
+        EXPECT_EQ(Table.Description(), Table.Word("Hint"));
     }
-    const QString english = Told();
+    const QString english = Table.Name();
     modMain::Language = QStringLiteral("1");
     Table.Start(7);
-    EXPECT_NE(Told(), english);
+    EXPECT_NE(Table.Name(), english);
 }
 
 TEST_F(QuietRule, StandsStillWhileNothingMoves)
@@ -279,7 +233,7 @@ TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
         int level;
         bool dark;
     };
-    const bool isKept = qEnvironmentVariableIsSet("NOGGLE_PICTURES");
+    SetPaceOfPictures();
     for (const Row &row :
          {Row{"first", {620, 420}, 1, false}, Row{"middle", {620, 420}, 4, false}, Row{"last", {620, 420}, 7, false},
           Row{"dark", {620, 420}, 7, true}, Row{"dark1", {620, 420}, 2, true}, Row{"large", {1600, 1000}, 5, false},
@@ -291,7 +245,7 @@ TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
         const QImage fresh = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-card"));
         AnswerByKey(RightOne());
-        Stage::Turn(isKept ? 200 : 20); // [ms], so that what moves is on its way
+        Stage::Settle(200);
         const QImage right = Table.Picture();
         Table.Keep(name + QStringLiteral("-2-right"));
         Start(row.level);
@@ -299,7 +253,7 @@ TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
         QTest::mouseMove(Table.Game->Control(), Place(WrongOne()));
         Table.Keep(name + QStringLiteral("-3-ring"));
         AnswerByKey(WrongOne());
-        Stage::Turn(isKept ? 250 : 20);
+        Stage::Settle(250);
         const QImage mistake = Table.Picture();
         Table.Keep(name + QStringLiteral("-4-wrong"));
         Table.Game->Message(QStringLiteral("timeup"));

@@ -76,6 +76,7 @@ QString PlayedFramework::GetString(std::int32_t) { return {}; }
 
 QString PlayedFramework::GetSetting(const QString &Section, const QString &Name)
 {
+    if (Section == u"config" && Name == u"pace" && !Pace.isEmpty()) return Pace;
     QString section;
     const QString file = QString::fromUtf8(ReadFile(m_GameFolder + QStringLiteral("GameSettings.ini")));
     for (const QString &line : file.split(u'\n')) {

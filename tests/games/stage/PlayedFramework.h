@@ -19,6 +19,7 @@ public:
 
     QStringList Calls; // "progress 50", "playsound right", "gameover", "SetPlayerGameInfo 1 text" in their order
     std::map<std::int32_t, QString> Info;
+    QString Pace; // what "pace" in "config" says, where it is told here
     QColor Top = QColor(0xfa, 0xfd, 0xfb);
     QColor Bottom = QColor(0xe0, 0xf0, 0xe8);
     std::function<void()> GameOver;            // what the shell does with "gameover"

@@ -42,6 +42,13 @@ Stage::Stage(const QString &ClassName, const QString &Folder, QSize Size)
     Game->SetVisible(true);
 }
 
+Stage::Stage(const QString &Folder, QSize Size)
+    : Stage(ReadIniString(QStringLiteral("config"), QStringLiteral("component"), {},
+                          Folder + QStringLiteral("GameSettings.ini")) +
+                QStringLiteral(".GameArea"),
+            Folder, Size)
+{}
+
 Stage::~Stage()
 {
     Game.reset();
@@ -57,6 +64,15 @@ void Stage::Type(int Number)
 }
 
 void Stage::Click(QPoint Place) { QTest::mouseClick(Game->Control(), Qt::LeftButton, {}, Place); }
+
+QPoint Stage::At(QPointF Place) const
+{
+    constexpr QSizeF Design(620, 420);
+    const QSizeF whole = Game->Control()->size();
+    const QSizeF drawn = Design.scaled(whole, Qt::KeepAspectRatio);
+    const QPointF origin((whole.width() - drawn.width()) / 2, (whole.height() - drawn.height()) / 2);
+    return (origin + Place * (drawn.width() / Design.width())).toPoint();
+}
 
 void Stage::Resize(QSize Size)
 {
@@ -87,20 +103,30 @@ void Stage::ExpectWords(std::initializer_list<const char *> Names) const
 
 void Stage::Keep(const QString &Name)
 {
-    const QString folder = qEnvironmentVariable("NOGGLE_PICTURES");
-    if (!folder.isEmpty()) Picture().save(folder + u'/' + Name + QStringLiteral(".png"));
+    if (IsSeen()) Picture().save(qEnvironmentVariable("NOGGLE_PICTURES") + u'/' + Name + QStringLiteral(".png"));
 }
 
-bool Stage::Until(const std::function<bool()> &Reached)
+bool Stage::IsSeen() { return !qEnvironmentVariableIsEmpty("NOGGLE_PICTURES"); }
+
+void Stage::UnloadAtTheEnd(const std::function<void()> &First)
 {
-    constexpr int Patience = 60000; // [ms]
-    return QTest::qWaitFor(Reached, Patience);
+    Framework->GameOver = [this, First] {
+        First();
+        Game->Message(QStringLiteral("unload"));
+        Game->Unload();
+    };
+}
+
+bool Stage::Until(const std::function<bool()> &Reached) { return QTest::qWaitFor(Reached, Patience); }
+
+bool Stage::Moves() const
+{
+    return std::ranges::any_of(Game->Control()->findChildren<QTimer *>(), &QTimer::isActive);
 }
 
 bool Stage::UntilStill() const
 {
-    const auto timers = Game->Control()->findChildren<QTimer *>();
-    return Until([&] { return std::ranges::none_of(timers, &QTimer::isActive); });
+    return Until([this] { return !Moves(); });
 }
 
 void Stage::Turn(int Milliseconds)
