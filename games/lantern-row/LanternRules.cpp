@@ -20,9 +20,9 @@ constexpr std::array<LevelPlan, LanternRules::Levels> Plans{{
     {4, 3, 4, false, 11},
     {4, 3, 5, false, 9},
     {4, 3, 6, false, 8},
-    {4, 3, 4, true, 11},
-    {4, 4, 5, true, 9},
+    {4, 3, 5, true, 9},
     {4, 4, 6, true, 8},
+    {4, 4, 7, true, 7},
 }};
 
 const LevelPlan &PlanOf(int level) { return Plans.at(static_cast<std::size_t>(level - 1)); }
