@@ -1,6 +1,7 @@
 #include "HoldArea.h"
 
 #include "HoldShapes.h"
+#include "sdk/author/Cards.h"
 #include "sdk/author/Countdown.h"
 #include "sdk/author/Marks.h"
 
@@ -32,16 +33,6 @@ constexpr int Space = 32;
 QPen Stroke(const QColor &colour, double width)
 {
     return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-}
-
-void PaintCard(QPainter &painter, const QRectF &box, const QColor &ground, const QColor &edge, double line)
-{
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 30));
-    painter.drawRoundedRect(box.translated(0, 4), Corner, Corner);
-    painter.setBrush(ground);
-    painter.setPen(Stroke(edge, line));
-    painter.drawRoundedRect(box, Corner, Corner);
 }
 
 QColor Mixed(const QColor &from, const QColor &to, double share)
@@ -226,7 +217,7 @@ void HoldArea::PaintShape(QPainter &painter, QPointF centre, double size, int ki
 // Stays in its corner: nobody has to keep the stop shape in mind.
 void HoldArea::PaintStop(QPainter &painter) const
 {
-    PaintCard(painter, StopCard, Colours().ground, Marks::WrongColour, 2.5);
+    Cards::Draw(painter, StopCard, Colours().ground, Stroke(Marks::WrongColour, 2.5), Corner);
     const QPointF centre(StopCard.center().x(), StopCard.top() + 66);
     painter.setBrush(Colours().well);
     painter.setPen(Stroke(Marks::WrongColour, 5));
@@ -245,7 +236,7 @@ void HoldArea::PaintStop(QPainter &painter) const
 
 void HoldArea::PaintOthers(QPainter &painter) const
 {
-    PaintCard(painter, OthersCard, Colours().ground, Colours().edge, 1.5);
+    Cards::Draw(painter, OthersCard, Colours().ground, Stroke(Colours().edge, 1.5), Corner);
     const int others = HoldRules::Kinds(m_Rules->Shapes()) - 1;
     const int columns = others > 4 ? 4 : 3;
     const int rows = (others + columns - 1) / columns;
@@ -268,7 +259,8 @@ void HoldArea::PaintOthers(QPainter &painter) const
 void HoldArea::PaintStage(QPainter &painter) const
 {
     const bool told = m_Part == Part::Told;
-    PaintCard(painter, Stage, Colours().ground, told ? Marks::WrongColour : Colours().edge, told ? 3 : 1.5);
+    Cards::Draw(painter, Stage, Colours().ground, Stroke(told ? Marks::WrongColour : Colours().edge, told ? 3 : 1.5),
+                Corner);
     if (m_Part == Part::TimeUp) {
         painter.setPen(Colours().text);
         WriteLine(painter, Stage, Qt::AlignCenter, Word("TimeUp"), 44, QFont::Bold);

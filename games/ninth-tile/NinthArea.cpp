@@ -45,13 +45,11 @@ const std::vector<QRectF> &SquarePlaces()
 QPointF CornerOf(const QRectF &place) { return place.topRight() + QPointF(-5, 5); }
 } // namespace
 
-NinthArea::NinthArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
-
-void NinthArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_unique<NinthRules>(Level, Seed); }
+NinthArea::NinthArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> NinthArea::Places() const
 {
-    const int count = static_cast<int>(m_Rules->Item().Offered.size());
+    const int count = static_cast<int>(Rules().Item().Offered.size());
     return count == 6 ? Grid(OfferedBox, count, 2, TileSize, TileGap + 6)
                       : Grid(OfferedBox, count, 3, SmallSize, OfferedGap);
 }
@@ -59,8 +57,8 @@ std::vector<QRectF> NinthArea::Places() const
 // Who hears the game is told the right tile where others see it.
 bool NinthArea::Judge(int Choice)
 {
-    const bool right = m_Rules->Answer(Choice);
-    if (!right) setAccessibleName(QStringLiteral("%1: %2").arg(Word("RightTile")).arg(m_Rules->Item().Right + 1));
+    const bool right = ChoiceGame::Judge(Choice);
+    if (!right) setAccessibleName(QStringLiteral("%1: %2").arg(Word("RightTile")).arg(Rules().Item().Right + 1));
     return right;
 }
 
@@ -73,7 +71,7 @@ QString NinthArea::Line() const
 // Only what differs somewhere is told. Rows end in semicolons.
 QString NinthArea::ItemInWords() const
 {
-    const NinthItem &item = m_Rules->Item();
+    const NinthItem &item = Rules().Item();
     std::array<bool, Traits> told{};
     const auto compare = [&](const Tile &tile) {
         for (std::size_t i = 0; i < Traits; ++i) told[i] = told[i] || tile.Values[i] != item.Square[0].Values[i];
@@ -110,8 +108,8 @@ QString NinthArea::InWords(const Tile &tile, const std::array<bool, Traits> &tol
 NinthDrawing::Look NinthArea::Look() const
 {
     int most = 0;
-    for (const Tile &tile : m_Rules->Item().Square) most = std::max(most, tile[Trait::Count]);
-    for (const Tile &tile : m_Rules->Item().Offered) most = std::max(most, tile[Trait::Count]);
+    for (const Tile &tile : Rules().Item().Square) most = std::max(most, tile[Trait::Count]);
+    for (const Tile &tile : Rules().Item().Offered) most = std::max(most, tile[Trait::Count]);
     return {most + 1, Dark()};
 }
 
@@ -133,7 +131,7 @@ void NinthArea::PaintSquare(QPainter &painter) const
     const auto look = Look();
     for (std::size_t i = 0; i + 1 < SquarePlaces().size(); ++i) {
         NinthDrawing::DrawCard(painter, SquarePlaces()[i], look, Colours().edge, 1.4);
-        NinthDrawing::DrawFigures(painter, SquarePlaces()[i], m_Rules->Item().Square[i], look);
+        NinthDrawing::DrawFigures(painter, SquarePlaces()[i], Rules().Item().Square[i], look);
     }
 }
 
@@ -152,7 +150,7 @@ void NinthArea::PaintNinth(QPainter &painter) const
 
 void NinthArea::PaintOffered(QPainter &painter) const
 {
-    const NinthItem &item = m_Rules->Item();
+    const NinthItem &item = Rules().Item();
     const auto look = Look();
     for (int i = 0; i < static_cast<int>(item.Offered.size()); ++i) {
         const QRectF place = Offered().Places()[static_cast<std::size_t>(i)];
@@ -178,7 +176,7 @@ void NinthArea::PaintOverRing(QPainter &Painter)
         const QRectF place = places[static_cast<std::size_t>(i)];
         if (!Chosen())
             Choices::DrawNumber(Painter, place.topLeft() + QPointF(2, 2), i, Colours());
-        else if (i == m_Rules->Item().Right)
+        else if (i == Rules().Item().Right)
             Marks::DrawRight(Painter, CornerOf(place), MarkSize);
         else if (Chosen() == i)
             Marks::DrawWrong(Painter, CornerOf(place), MarkSize);
@@ -187,7 +185,7 @@ void NinthArea::PaintOverRing(QPainter &Painter)
 
 void NinthArea::PaintFlight(QPainter &painter) const
 {
-    const NinthItem &item = m_Rules->Item();
+    const NinthItem &item = Rules().Item();
     const QRectF from = Offered().Places()[static_cast<std::size_t>(item.Right)];
     const QRectF to = SquarePlaces().back();
     const double part = WasRight() ? FlightPart : FlightPart * RightTime / WrongTime;

@@ -3,22 +3,16 @@
 
 #include "NinthDrawing.h"
 #include "NinthRules.h"
-#include "sdk/author/ChoiceCanvas.h"
+#include "sdk/author/ChoiceGame.h"
 
-#include <memory>
-
-class NinthArea final : public ChoiceCanvas
+class NinthArea final : public ChoiceGame<NinthRules>
 {
 public:
     explicit NinthArea(QWidget *Container);
 
 protected:
-    void Begin(int Level, std::uint32_t Seed) override;
-    int Level() const override { return m_Rules->Level(); }
-    const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
     bool Judge(int Choice) override;
-    void Next() override { m_Rules->Next(); }
     void PaintTable(QPainter &Painter) override;
     void PaintOverRing(QPainter &Painter) override;
     QString ItemInWords() const override;
@@ -32,6 +26,4 @@ private:
     void PaintFlight(QPainter &painter) const;
     NinthDrawing::Look Look() const;
     QString InWords(const Tile &tile, const std::array<bool, Traits> &told) const;
-
-    std::unique_ptr<NinthRules> m_Rules;
 };

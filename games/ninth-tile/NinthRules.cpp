@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <numeric>
+#include <span>
 
 namespace
 {
@@ -58,7 +59,7 @@ NinthRules::NinthRules(int Level, std::uint32_t Seed)
     Next();
 }
 
-bool NinthRules::Answer(int Choice)
+bool NinthRules::Judge(int Choice)
 {
     if (m_Set.Over()) return false;
     const bool right = Choice == m_Item.Right;
@@ -84,8 +85,7 @@ void NinthRules::ChooseRules()
     const LevelPlan &plan = PlanOf(m_Level);
     const Trait counted = plan.arithmetic || m_Random.Coin() ? Trait::Count : Trait::Size;
     auto traits = Free;
-    for (std::size_t last = 2; last > 0; --last)
-        std::swap(traits[last], traits[Index(m_Random.Between(0, static_cast<int>(last)))]);
+    m_Random.Shuffle(traits);
     const int place = plan.arithmetic ? 0 : m_Random.Between(0, 3); // of the counted one among the others
     m_Item.Rules.clear();
     for (int i = 0; i < plan.rules; ++i) {
@@ -160,8 +160,7 @@ std::array<int, 6> NinthRules::Mixed(int count)
 {
     std::array<int, 6> values{};
     std::iota(values.begin(), values.end(), 0);
-    for (int last = count - 1; last > 0; --last)
-        std::swap(values[Index(last)], values[Index(m_Random.Between(0, last))]);
+    m_Random.Shuffle(std::span(values).first(Index(count)));
     return values;
 }
 

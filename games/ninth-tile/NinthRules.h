@@ -37,7 +37,7 @@ public:
     const NinthItem &Item() const { return m_Item; }
     /// Judges and adds the round to the set; the item stays until Next. A mistake costs as much as luck would bring
     /// on the average.
-    bool Answer(int Choice);
+    bool Judge(int Choice);
     void Next();
 
 private:

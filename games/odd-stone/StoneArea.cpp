@@ -22,13 +22,11 @@ constexpr int One = 49, Nine = 57, NumberBlockOne = 97, NumberBlockNine = 105;
 constexpr std::size_t Digits = 9;
 } // namespace
 
-StoneArea::StoneArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
-
-void StoneArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_unique<StoneRules>(Level, Seed); }
+StoneArea::StoneArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> StoneArea::Places() const
 {
-    const StoneItem &item = m_Rules->Item();
+    const StoneItem &item = Rules().Item();
     const double height = (Bed.height() - 2 * Margin) / item.Rows;
     const double width = std::min((Bed.width() - 2 * Margin) / item.Columns, WidestPlace * height);
     const QPointF corner = Bed.center() - QPointF(width * item.Columns, height * item.Rows) / 2;
@@ -47,7 +45,7 @@ double StoneArea::StoneWidth() const
 
 void StoneArea::ItemShown()
 {
-    SeededRandom random(m_Rules->Item().Scatter);
+    SeededRandom random(Rules().Item().Scatter);
     const auto share = [&] { return ShiftShare * random.Between(-100, 100) / 100.0; };
     m_Centres.clear();
     for (const QRectF &place : Offered().Places()) {
@@ -59,7 +57,7 @@ void StoneArea::ItemShown()
 std::optional<int> StoneArea::ChoiceOf(int Key)
 {
     const bool isDigit = (Key >= One && Key <= Nine) || (Key >= NumberBlockOne && Key <= NumberBlockNine);
-    if (isDigit && m_Rules->Item().Stones.size() > Digits) return {};
+    if (isDigit && Rules().Item().Stones.size() > Digits) return {};
     const auto before = Offered().Ring();
     const auto chosen = ChoiceCanvas::ChoiceOf(Key);
     if (const auto ring = Offered().Ring(); ring && ring != before) setAccessibleDescription(InWords(*ring));
@@ -71,7 +69,7 @@ QString StoneArea::InWords(int stone) const
 {
     static constexpr std::array Patterns{"Plain", "Striped", "Dotted", "Ringed"};
     static constexpr std::array Shapes{"Circle", "Square", "Triangle", "Hexagon", "Pentagon", "Oval"};
-    const StoneItem &item = m_Rules->Item();
+    const StoneItem &item = Rules().Item();
     const Stone &seen = item.Stones[static_cast<std::size_t>(stone)];
     QString words = QStringLiteral("%1, %2: ").arg(stone % item.Columns + 1).arg(stone / item.Columns + 1);
     words += Word("Stone").arg(Word(Shapes.at(static_cast<std::size_t>(seen.Shape))),
@@ -83,7 +81,7 @@ QString StoneArea::InWords(int stone) const
 
 QString StoneArea::ItemInWords() const
 {
-    return Word("Stones").arg(m_Rules->Item().Stones.size()).arg(m_Rules->Item().Rows);
+    return Word("Stones").arg(Rules().Item().Stones.size()).arg(Rules().Item().Rows);
 }
 
 QString StoneArea::Line() const { return Word(!Chosen() ? "Hint" : WasRight() ? "Right" : "Wrong"); }
@@ -92,11 +90,11 @@ void StoneArea::PaintTable(QPainter &Painter)
 {
     constexpr double Raised = 1.08; // under the pointer
     StoneDrawing::DrawSand(Painter, Bed, Dark());
-    StoneDrawing::DrawStones(Painter, m_Rules->Item().Stones, m_Centres, StoneWidth(), Dark());
+    StoneDrawing::DrawStones(Painter, Rules().Item().Stones, m_Centres, StoneWidth(), Dark());
     if (Running() && !Chosen() && Offered().Over()) PaintStone(Painter, *Offered().Over(), Raised);
     if (!Chosen()) return;
     StoneDrawing::DrawMist(Painter, Bed, Dark());
-    PaintStone(Painter, m_Rules->Item().Odd, 1);
+    PaintStone(Painter, Rules().Item().Odd, 1);
     PaintStone(Painter, *Chosen(), 1);
     PaintTold(Painter);
 }
@@ -104,7 +102,7 @@ void StoneArea::PaintTable(QPainter &Painter)
 void StoneArea::PaintStone(QPainter &painter, int stone, double grown) const
 {
     StoneDrawing::DrawStone(painter, CentreOf(stone), StoneWidth() * grown,
-                            m_Rules->Item().Stones[static_cast<std::size_t>(stone)], Dark());
+                            Rules().Item().Stones[static_cast<std::size_t>(stone)], Dark());
 }
 
 void StoneArea::PaintTold(QPainter &painter) const
@@ -112,7 +110,7 @@ void StoneArea::PaintTold(QPainter &painter) const
     const double radius = StoneWidth() * 0.62;
     const double markSize = std::clamp(StoneWidth() * 0.5, 22.0, 34.0);
     const QPointF aside(radius * 0.75, -radius * 0.75);
-    const QPointF odd = CentreOf(m_Rules->Item().Odd);
+    const QPointF odd = CentreOf(Rules().Item().Odd);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Marks::RightColour, 4));
     painter.drawEllipse(odd, radius, radius);

@@ -2,22 +2,15 @@
 #pragma once
 
 #include "StoneRules.h"
-#include "sdk/author/ChoiceCanvas.h"
+#include "sdk/author/ChoiceGame.h"
 
-#include <memory>
-
-class StoneArea final : public ChoiceCanvas
+class StoneArea final : public ChoiceGame<StoneRules>
 {
 public:
     explicit StoneArea(QWidget *Container);
 
 protected:
-    void Begin(int Level, std::uint32_t Seed) override;
-    int Level() const override { return m_Rules->Level(); }
-    const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
-    bool Judge(int Choice) override { return m_Rules->Judge(Choice); }
-    void Next() override { m_Rules->Next(); }
     void ItemShown() override;
     void PaintTable(QPainter &Painter) override;
     QString ItemInWords() const override;
@@ -32,6 +25,5 @@ private:
     void PaintStone(QPainter &painter, int stone, double grown) const;
     void PaintTold(QPainter &painter) const;
 
-    std::unique_ptr<StoneRules> m_Rules;
     std::vector<QPointF> m_Centres; // of the present stones
 };

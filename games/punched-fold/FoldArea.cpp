@@ -2,6 +2,7 @@
 
 #include "FoldDrawing.h"
 #include "FoldWords.h"
+#include "sdk/author/Cards.h"
 #include "sdk/author/Marks.h"
 
 #include <QPainter>
@@ -20,7 +21,7 @@ constexpr double Sheet = 92;
 constexpr double OpeningTime = 0.6; // of the time for which a mistake is told
 } // namespace
 
-FoldArea::FoldArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
+FoldArea::FoldArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> FoldArea::Places() const
 {
@@ -32,7 +33,7 @@ std::vector<QRectF> FoldArea::Places() const
 
 QString FoldArea::ItemInWords() const
 {
-    const FoldItem &item = m_Rules->Item();
+    const FoldItem &item = Rules().Item();
     const auto word = [this](const char *name) { return Word(name); };
     return Word("Told").arg(FoldWords::Folds(item, word), FoldWords::Holes(item.Punches), FoldWords::Sheets(item));
 }
@@ -40,12 +41,12 @@ QString FoldArea::ItemInWords() const
 QString FoldArea::Line() const
 {
     if (!Chosen() || WasRight()) return Word("Hint");
-    return Word("WasRight").arg(m_Rules->Item().Answer + 1);
+    return Word("WasRight").arg(Rules().Item().Answer + 1);
 }
 
 void FoldArea::PaintTable(QPainter &Painter)
 {
-    FoldDrawing::Card(Painter, Strip, Colours());
+    Cards::Draw(Painter, Strip, Colours().ground, QPen(Colours().edge, 1.5), 14);
     PaintFolds(Painter);
     for (int choice = 0; choice < FoldItem::Choices; ++choice) PaintSheet(Painter, choice);
 }
@@ -53,7 +54,7 @@ void FoldArea::PaintTable(QPainter &Painter)
 // Folds from left to right, the punched paper last. While a mistake is told the row is opened from right to left.
 void FoldArea::PaintFolds(QPainter &painter) const
 {
-    const FoldItem &item = m_Rules->Item();
+    const FoldItem &item = Rules().Item();
     const int folds = static_cast<int>(item.Folds.size());
     const bool isOpening = Chosen() && !WasRight();
     const int opened = isOpening ? static_cast<int>(Telling() / OpeningTime * (folds + 1)) : -1;
@@ -74,10 +75,10 @@ void FoldArea::PaintFolds(QPainter &painter) const
 void FoldArea::PaintSheet(QPainter &painter, int choice) const
 {
     const QRectF card = Places()[static_cast<std::size_t>(choice)];
-    const FoldItem &item = m_Rules->Item();
+    const FoldItem &item = Rules().Item();
     const bool isChosen = Chosen() == choice;
     const bool isTold = Chosen() && (isChosen || choice == item.Answer);
-    FoldDrawing::Card(painter, card, Colours());
+    Cards::Draw(painter, card, Colours().ground, QPen(Colours().edge, 1.5), 14);
     if (isTold || (Offered().Over() == choice && !Chosen() && Running())) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(Colours().accent, 3));

@@ -109,16 +109,6 @@ void DrawArrow(QPainter &painter, QPointF from, QPointF to, const PaperColours &
 }
 } // namespace
 
-void FoldDrawing::Card(QPainter &Painter, const QRectF &Card, const GameColours &Colours)
-{
-    Painter.setPen(Qt::NoPen);
-    Painter.setBrush(QColor(0, 0, 0, 30));
-    Painter.drawRoundedRect(Card.translated(0, 4), 14, 14);
-    Painter.setBrush(Colours.ground);
-    Painter.setPen(QPen(Colours.edge, 1.5));
-    Painter.drawRoundedRect(Card, 14, 14);
-}
-
 void FoldDrawing::Folds(QPainter &Painter, const QRectF &Square, const FoldItem &Item, int Count, bool WithHoles,
                         bool Dark)
 {

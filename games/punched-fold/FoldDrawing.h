@@ -10,7 +10,6 @@ struct GameColours;
 
 namespace FoldDrawing
 {
-void Card(QPainter &Painter, const QRectF &Card, const GameColours &Colours);
 /// The paper after that many folds, each layer on those below. Dashes show where the sheet was, and an arrow what the
 /// last fold turned over. With holes, as it is when the punched sheet has been opened so far.
 void Folds(QPainter &Painter, const QRectF &Square, const FoldItem &Item, int Count, bool WithHoles, bool Dark);

@@ -1,6 +1,7 @@
 // The drawing of QuestionArea.
 #include "QuestionArea.h"
 
+#include "sdk/author/Cards.h"
 #include "sdk/author/Marks.h"
 
 #include <QFontMetricsF>
@@ -46,12 +47,7 @@ void WriteFitted(QPainter &painter, const QRectF &box, const QString &text, doub
 
 void DrawCard(QPainter &painter, const QRectF &box, const GameColours &colours)
 {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 30));
-    painter.drawRoundedRect(box.translated(0, 4), Corner, Corner);
-    painter.setPen(Line(colours.edge, 1.5));
-    painter.setBrush(colours.ground);
-    painter.drawRoundedRect(box, Corner, Corner);
+    Cards::Draw(painter, box, colours.ground, Line(colours.edge, 1.5), Corner);
 }
 } // namespace
 

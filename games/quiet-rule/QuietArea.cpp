@@ -38,9 +38,7 @@ QRectF PlaceOf(int pile) { return {PileLeft + pile * (CardWidth + PileGap), Pile
 QPointF CornerOf(const QRectF &place) { return place.topRight() + QPointF(-6, 6); }
 } // namespace
 
-QuietArea::QuietArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
-
-void QuietArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_unique<QuietRules>(Level, Seed); }
+QuietArea::QuietArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> QuietArea::Places() const
 {
@@ -53,29 +51,29 @@ std::vector<QRectF> QuietArea::Places() const
 // Who hears the game is told the right pile where others see it.
 bool QuietArea::Judge(int Choice)
 {
-    const bool right = m_Rules->Answer(Choice);
-    if (!right) setAccessibleName(QStringLiteral("%1: %2").arg(Word("RightPile")).arg(m_Rules->RightPile() + 1));
+    const bool right = ChoiceGame::Judge(Choice);
+    if (!right) setAccessibleName(QStringLiteral("%1: %2").arg(Word("RightPile")).arg(Rules().RightPile() + 1));
     return right;
 }
 
 bool QuietArea::ShowsRightPile() const
 {
-    return Chosen() && !WasRight() && (Telling() <= m_Rules->HintPart() || TimeIsUp());
+    return Chosen() && !WasRight() && (Telling() <= Rules().HintPart() || TimeIsUp());
 }
 
 QString QuietArea::Line() const
 {
     if (!Chosen()) return Word("Hint");
     if (WasRight()) return Word("Right");
-    if (m_Rules->HintAfterMistake() != QuietRules::Hint::Named) return Word("Wrong");
-    return QStringLiteral("%1. %2: %3").arg(Word("Wrong"), Word("ItGoesBy"), Word(NameOf(m_Rules->Rule())));
+    if (Rules().HintAfterMistake() != QuietRules::Hint::Named) return Word("Wrong");
+    return QStringLiteral("%1. %2: %3").arg(Word("Wrong"), Word("ItGoesBy"), Word(NameOf(Rules().Rule())));
 }
 
 QString QuietArea::ItemInWords() const
 {
-    QString words = InWords(m_Rules->Present());
+    QString words = InWords(Rules().Present());
     for (std::size_t pile = 0; pile < QuietRules::Piles; ++pile)
-        words += QStringLiteral(". %1: %2").arg(pile + 1).arg(InWords(m_Rules->References()[pile]));
+        words += QStringLiteral(". %1: %2").arg(pile + 1).arg(InWords(Rules().References()[pile]));
     return words;
 }
 
@@ -85,7 +83,7 @@ QString QuietArea::InWords(const Card &card) const
     static constexpr std::array Shapes{"Star", "Flower", "Diamond", "Moon"};
     static constexpr std::array Fills{"Open", "Striped", "Dotted", "Solid"};
     static constexpr std::array Edges{"Rounded", "Cut", "Scooped", "Stamped"};
-    const auto &counting = m_Rules->Counting();
+    const auto &counting = Rules().Counting();
     const auto word = [&](const auto &words, CardTrait on) {
         return Word(words.at(static_cast<std::size_t>(card[on])));
     };
@@ -104,16 +102,16 @@ void QuietArea::PaintTable(QPainter &Painter)
 {
     for (int pile = 0; pile < QuietRules::Piles; ++pile) PaintPile(Painter, pile);
     PaintDeck(Painter);
-    if (m_Rules->HintAfterMistake() != QuietRules::Hint::Brief) PaintTraits(Painter);
+    if (Rules().HintAfterMistake() != QuietRules::Hint::Brief) PaintTraits(Painter);
     PaintPresent(Painter);
 }
 
 void QuietArea::PaintPile(QPainter &painter, int pile) const
 {
-    const Card &card = m_Rules->References()[static_cast<std::size_t>(pile)];
+    const Card &card = Rules().References()[static_cast<std::size_t>(pile)];
     const QRectF place = PlaceOf(pile);
     const bool isRight =
-        Chosen() && ((WasRight() && Chosen() == pile) || (ShowsRightPile() && m_Rules->RightPile() == pile));
+        Chosen() && ((WasRight() && Chosen() == pile) || (ShowsRightPile() && Rules().RightPile() == pile));
     const bool isWrong = Chosen() == pile && !WasRight();
     const bool isLit = !Chosen() && Running() && Offered().Over() == pile;
     for (const double below : {8.0, 4.0}) // the cards under it
@@ -147,17 +145,17 @@ void QuietArea::PaintPresent(QPainter &painter) const
     }
     const QSizeF whole = PresentPlace.size() * size;
     const QRectF place(PresentPlace.center() + way - QPointF(whole.width(), whole.height()) / 2, whole);
-    QuietDrawing::DrawCard(painter, place, m_Rules->Present(), Dark(), Colours().faint, 2);
+    QuietDrawing::DrawCard(painter, place, Rules().Present(), Dark(), Colours().faint, 2);
 }
 
 void QuietArea::PaintTraits(QPainter &painter) const
 {
-    const auto &counting = m_Rules->Counting();
-    const bool isNamed = ShowsRightPile() && m_Rules->HintAfterMistake() == QuietRules::Hint::Named;
+    const auto &counting = Rules().Counting();
+    const bool isNamed = ShowsRightPile() && Rules().HintAfterMistake() == QuietRules::Hint::Named;
     double top = TraitsBox.center().y() - TraitHeight * static_cast<double>(counting.size()) / 2;
     for (const CardTrait trait : {CardTrait::Shape, CardTrait::Count, CardTrait::Fill, CardTrait::Edge}) {
         if (std::find(counting.begin(), counting.end(), trait) == counting.end()) continue;
-        const bool isIt = isNamed && trait == m_Rules->Rule();
+        const bool isIt = isNamed && trait == Rules().Rule();
         const QRectF row(TraitsBox.left(), top + 3, TraitsBox.width(), TraitHeight - 6);
         painter.setPen({isIt ? Marks::RightColour : Colours().edge, isIt ? 3.0 : 1.4});
         painter.setBrush(Colours().ground);
@@ -176,7 +174,7 @@ void QuietArea::PaintOverRing(QPainter &Painter)
         const QRectF place = PlaceOf(pile);
         if (!Chosen())
             Choices::DrawNumber(Painter, place.topLeft() + QPointF(2, 2), pile, Colours());
-        else if (ShowsRightPile() && pile == m_Rules->RightPile())
+        else if (ShowsRightPile() && pile == Rules().RightPile())
             Marks::DrawRight(Painter, CornerOf(place), MarkSize);
         else if (Chosen() == pile)
             WasRight() ? Marks::DrawRight(Painter, CornerOf(place), MarkSize)

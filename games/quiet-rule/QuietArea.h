@@ -2,22 +2,16 @@
 #pragma once
 
 #include "QuietRules.h"
-#include "sdk/author/ChoiceCanvas.h"
+#include "sdk/author/ChoiceGame.h"
 
-#include <memory>
-
-class QuietArea final : public ChoiceCanvas
+class QuietArea final : public ChoiceGame<QuietRules>
 {
 public:
     explicit QuietArea(QWidget *Container);
 
 protected:
-    void Begin(int Level, std::uint32_t Seed) override;
-    int Level() const override { return m_Rules->Level(); }
-    const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
     bool Judge(int Choice) override;
-    void Next() override { m_Rules->Next(); }
     void PaintTable(QPainter &Painter) override;
     void PaintOverRing(QPainter &Painter) override;
     QString ItemInWords() const override;
@@ -32,6 +26,4 @@ private:
     /// Whether the right pile is to be seen at this moment.
     bool ShowsRightPile() const;
     QString InWords(const Card &card) const;
-
-    std::unique_ptr<QuietRules> m_Rules;
 };

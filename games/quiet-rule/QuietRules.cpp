@@ -91,7 +91,7 @@ std::optional<CardTrait> QuietRules::SharedWith(int Pile) const
     return {};
 }
 
-bool QuietRules::Answer(int Pile)
+bool QuietRules::Judge(int Pile)
 {
     if (m_Set.Over()) return false;
     const bool right = Pile == RightPile();

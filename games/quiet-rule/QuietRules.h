@@ -59,7 +59,7 @@ public:
 
     /// Judges and adds the card to the set; card and rule stay until Next. A mistake costs as much as choosing among
     /// the traits by luck would bring.
-    bool Answer(int Pile);
+    bool Judge(int Pile);
     /// The next card; after a run of right answers another rule, without a word.
     void Next();
 

@@ -17,9 +17,7 @@ constexpr double TipTime = 300; // [ms] in which the balance comes to rest
 constexpr int LeftKey = 37, UpKey = 38, RightKey = 39, DownKey = 40;
 } // namespace
 
-ScaleArea::ScaleArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
-
-void ScaleArea::Begin(int Level, std::uint32_t Seed) { m_Rules = std::make_unique<ScaleRules>(Level, Seed); }
+ScaleArea::ScaleArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> ScaleArea::Places() const
 {
@@ -27,7 +25,7 @@ std::vector<QRectF> ScaleArea::Places() const
     return {QRectF(Table.topLeft(), half), QRectF(QPointF(Table.center().x() + 5, Table.top()), half)};
 }
 
-void ScaleArea::ItemShown() { m_Dots = m_Rules->Item().Dots(); }
+void ScaleArea::ItemShown() { m_Dots = Rules().Item().Dots(); }
 
 std::optional<int> ScaleArea::ChoiceOf(int Key)
 {
@@ -39,7 +37,7 @@ std::optional<int> ScaleArea::ChoiceOf(int Key)
 
 QString ScaleArea::InWords(const ScaleSide &side) const
 {
-    switch (m_Rules->Item().Kind) {
+    switch (Rules().Item().Kind) {
     case ScaleKind::Cloud:
         return Word("Dots").arg(side.First);
     case ScaleKind::Sum:
@@ -52,7 +50,7 @@ QString ScaleArea::InWords(const ScaleSide &side) const
 
 QString ScaleArea::ItemInWords() const
 {
-    const auto &sides = m_Rules->Item().Sides;
+    const auto &sides = Rules().Item().Sides;
     return Word("LeftSide").arg(InWords(sides[0])) + u' ' + Word("RightSide").arg(InWords(sides[1]));
 }
 
@@ -61,7 +59,7 @@ QString ScaleArea::Line() const { return Word(!Chosen() ? "Hint" : WasRight() ? 
 // The number of dots, the sum, or the fraction in parts of the same size as those of the other one.
 QString ScaleArea::Weighed(int side) const
 {
-    const ScaleItem &item = m_Rules->Item();
+    const ScaleItem &item = Rules().Item();
     const QString weight = QString::number(item.Weight(side));
     return item.Kind == ScaleKind::Fraction ? QStringLiteral("%1/%2").arg(weight).arg(item.Parts()) : weight;
 }
@@ -72,12 +70,12 @@ double ScaleArea::Tilt() const
     if (!Chosen()) return 0;
     const double passed = Telling() * (WasRight() ? RightTime : WrongTime) / TipTime;
     const double tip = 1 - std::exp(-4.5 * passed) * std::cos(1.6 * std::numbers::pi * passed);
-    return m_Rules->Item().Heavier() == 0 ? -tip : tip;
+    return Rules().Item().Heavier() == 0 ? -tip : tip;
 }
 
 void ScaleArea::PaintTable(QPainter &Painter)
 {
-    const ScaleItem &item = m_Rules->Item();
+    const ScaleItem &item = Rules().Item();
     const double tilt = Tilt();
     ScaleDrawing::DrawBalance(Painter, tilt, Colours(), Dark());
     for (const int side : {0, 1}) {
@@ -98,7 +96,7 @@ void ScaleArea::PaintTable(QPainter &Painter)
 void ScaleArea::PaintTold(QPainter &painter, double tilt) const
 {
     constexpr double MarkSize = 42;
-    const int heavier = m_Rules->Item().Heavier();
+    const int heavier = Rules().Item().Heavier();
     for (const int side : {0, 1}) {
         const QPointF top = ScaleDrawing::Plate(side, tilt) - QPointF(0, ScaleDrawing::Height);
         ScaleDrawing::DrawLabel(painter, top + QPointF(0, 4), Weighed(side), Colours());

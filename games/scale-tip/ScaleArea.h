@@ -2,22 +2,15 @@
 #pragma once
 
 #include "ScaleRules.h"
-#include "sdk/author/ChoiceCanvas.h"
+#include "sdk/author/ChoiceGame.h"
 
-#include <memory>
-
-class ScaleArea final : public ChoiceCanvas
+class ScaleArea final : public ChoiceGame<ScaleRules>
 {
 public:
     explicit ScaleArea(QWidget *Container);
 
 protected:
-    void Begin(int Level, std::uint32_t Seed) override;
-    int Level() const override { return m_Rules->Level(); }
-    const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
-    bool Judge(int Choice) override { return m_Rules->Judge(Choice); }
-    void Next() override { m_Rules->Next(); }
     void ItemShown() override;
     void PaintTable(QPainter &Painter) override;
     QString ItemInWords() const override;
@@ -31,6 +24,5 @@ private:
     double Tilt() const;
     void PaintTold(QPainter &painter, double tilt) const;
 
-    std::unique_ptr<ScaleRules> m_Rules;
     std::array<std::vector<ScaleDot>, 2> m_Dots; // of the present item
 };

@@ -1,5 +1,6 @@
 #include "TallyArea.h"
 
+#include "sdk/author/Cards.h"
 #include "sdk/author/Marks.h"
 
 #include <QFontMetricsF>
@@ -112,12 +113,7 @@ void TallyArea::Paint(QPainter &Painter)
 
 void TallyArea::PaintCard(QPainter &painter) const
 {
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 30));
-    painter.drawRoundedRect(Card.translated(0, 4), 20, 20);
-    painter.setBrush(Colours().ground);
-    painter.setPen(Line(Colours().edge, 1.5));
-    painter.drawRoundedRect(Card, 20, 20);
+    Cards::Draw(painter, Card, Colours().ground, Line(Colours().edge, 1.5), 20);
     if (m_TimeUp)
         PaintTimeUp(painter);
     else if (ShowsMistake())

@@ -2,6 +2,7 @@
 
 #include "TurnDrawing.h"
 #include "TurnWords.h"
+#include "sdk/author/Cards.h"
 #include "sdk/author/Marks.h"
 
 #include <QPainter>
@@ -21,7 +22,7 @@ constexpr QRectF TurnButton{20, 290, 282, 72};
 constexpr QRectF MirrorButton{318, 290, 282, 72};
 } // namespace
 
-TurnArea::TurnArea(QWidget *Container) : ChoiceCanvas(RightTime, WrongTime, Container) {}
+TurnArea::TurnArea(QWidget *Container) : ChoiceGame(RightTime, WrongTime, Container) {}
 
 std::vector<QRectF> TurnArea::Places() const { return {TurnButton, MirrorButton}; }
 
@@ -35,7 +36,7 @@ std::optional<int> TurnArea::ChoiceOf(int Key)
 
 QString TurnArea::ItemInWords() const
 {
-    const TurnItem &item = m_Rules->Item();
+    const TurnItem &item = Rules().Item();
     const auto word = [this](const char *name) { return Word(name); };
     if (!item.Solid)
         return Word("FlatTold")
@@ -47,7 +48,7 @@ QString TurnArea::ItemInWords() const
 QString TurnArea::Line() const
 {
     if (!Chosen() || WasRight()) return Word("Hint");
-    return Word(m_Rules->Item().IsMirror ? "WasMirror" : "WasTurned");
+    return Word(Rules().Item().IsMirror ? "WasMirror" : "WasTurned");
 }
 
 double TurnArea::Matched() const
@@ -60,9 +61,9 @@ double TurnArea::Matched() const
 
 void TurnArea::PaintTable(QPainter &Painter)
 {
-    const TurnItem &item = m_Rules->Item();
-    TurnDrawing::Card(Painter, LeftCard, Colours());
-    TurnDrawing::Card(Painter, RightCard, Colours());
+    const TurnItem &item = Rules().Item();
+    for (const QRectF &card : {LeftCard, RightCard})
+        Cards::Draw(Painter, card, Colours().ground, QPen(Colours().edge, 1.5), 18);
     PaintFigure(Painter, LeftCard, item.Left, item.LeftTurn);
     PaintFigure(Painter, RightCard, item.Right,
                 QQuaternion::slerp(item.RightTurn, item.Matching(), static_cast<float>(Matched())));
@@ -78,22 +79,19 @@ void TurnArea::PaintFigure(QPainter &painter, const QRectF &card, const Figure &
 {
     const double edge = TurnDrawing::EdgeThatFits(blocks, card);
     const int item = Set().Done() - (Chosen() ? 1 : 0);
-    const auto draw = m_Rules->Item().Solid ? TurnDrawing::Solid : TurnDrawing::Flat;
+    const auto draw = Rules().Item().Solid ? TurnDrawing::Solid : TurnDrawing::Flat;
     draw(painter, card.center(), edge, blocks, turn, TurnDrawing::ColourOf(item, Dark()));
 }
 
 void TurnArea::PaintButton(QPainter &painter, int choice) const
 {
     const QRectF button = Places()[static_cast<std::size_t>(choice)];
-    const bool isAnswer = m_Rules->Item().IsMirror == (choice == Mirrored);
+    const bool isAnswer = Rules().Item().IsMirror == (choice == Mirrored);
     const bool isChosen = Chosen() == choice;
     const bool isOver = Offered().Over() == choice && !Chosen() && Running();
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 30));
-    painter.drawRoundedRect(button.translated(0, 3), 14, 14);
-    painter.setBrush(Colours().key);
-    painter.setPen(QPen(isOver || isChosen ? Colours().accent : Colours().keyEdge, isOver || isChosen ? 3 : 1.5));
-    painter.drawRoundedRect(button, 14, 14);
+    const bool isLit = isOver || isChosen;
+    Cards::Draw(painter, button, Colours().key, QPen(isLit ? Colours().accent : Colours().keyEdge, isLit ? 3 : 1.5),
+                14, 3);
 
     const QPointF sign(button.left() + 72, button.center().y());
     choice == Turned ? TurnDrawing::TurnSign(painter, sign, Colours())

@@ -3,22 +3,16 @@
 #pragma once
 
 #include "TurnRules.h"
-#include "sdk/author/ChoiceCanvas.h"
+#include "sdk/author/ChoiceGame.h"
 
-#include <memory>
-
-class TurnArea final : public ChoiceCanvas
+class TurnArea final : public ChoiceGame<TurnRules>
 {
 public:
     explicit TurnArea(QWidget *Container);
 
 protected:
-    void Begin(int Level, std::uint32_t Seed) override { m_Rules = std::make_unique<TurnRules>(Level, Seed); }
-    int Level() const override { return m_Rules->Level(); }
-    const Rounds &Set() const override { return m_Rules->Set(); }
     std::vector<QRectF> Places() const override;
-    bool Judge(int Choice) override { return m_Rules->Judge(Choice == Mirrored); }
-    void Next() override { m_Rules->Next(); }
+    bool Judge(int Choice) override { return ChoiceGame::Judge(Choice == Mirrored); }
     void PaintTable(QPainter &Painter) override;
     QString ItemInWords() const override;
     QString Line() const override;
@@ -32,6 +26,4 @@ private:
     void PaintButton(QPainter &painter, int choice) const;
     /// How far the right figure has come to match the left one, from 0 to 1.
     double Matched() const;
-
-    std::unique_ptr<TurnRules> m_Rules;
 };

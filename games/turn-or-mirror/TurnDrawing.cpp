@@ -112,16 +112,6 @@ void TurnDrawing::Solid(QPainter &Painter, QPointF Centre, double Edge, const Fi
     Painter.restore();
 }
 
-void TurnDrawing::Card(QPainter &Painter, const QRectF &Card, const GameColours &Colours)
-{
-    Painter.setPen(Qt::NoPen);
-    Painter.setBrush(QColor(0, 0, 0, 30));
-    Painter.drawRoundedRect(Card.translated(0, 4), 18, 18);
-    Painter.setBrush(Colours.ground);
-    Painter.setPen(QPen(Colours.edge, 1.5));
-    Painter.drawRoundedRect(Card, 18, 18);
-}
-
 void TurnDrawing::Mirror(QPainter &Painter, QPointF Top, QPointF Bottom, const GameColours &Colours)
 {
     Painter.save();

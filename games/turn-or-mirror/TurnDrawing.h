@@ -22,7 +22,6 @@ void Flat(QPainter &Painter, QPointF Centre, double Edge, const Figure &Blocks, 
 void Solid(QPainter &Painter, QPointF Centre, double Edge, const Figure &Blocks, const QQuaternion &Turn,
            const QColor &Colour);
 
-void Card(QPainter &Painter, const QRectF &Card, const GameColours &Colours);
 /// A mirror that stands upright between the cards, as a line and its frame.
 void Mirror(QPainter &Painter, QPointF Top, QPointF Bottom, const GameColours &Colours);
 /// An arrow that runs around, and two shapes on both sides of a mirror.

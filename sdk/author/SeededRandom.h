@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <random>
 #include <utility>
-#include <vector>
 
 class SeededRandom
 {
@@ -19,11 +18,12 @@ public:
         return static_cast<int>(Low + static_cast<std::int64_t>((choices * m_Engine()) >> 32));
     }
     bool Coin() { return Between(0, 1) == 1; }
-    template <typename Value>
-    void Shuffle(std::vector<Value> &List)
+    /// Every order is as likely as the others; of a std::vector, std::array or std::span.
+    template <typename List>
+    void Shuffle(List &&Values)
     {
-        for (std::size_t i = List.size(); i > 1; --i)
-            std::swap(List[i - 1], List[static_cast<std::size_t>(Between(0, static_cast<int>(i) - 1))]);
+        for (std::size_t i = Values.size(); i > 1; --i)
+            std::swap(Values[i - 1], Values[static_cast<std::size_t>(Between(0, static_cast<int>(i) - 1))]);
     }
 
 private:

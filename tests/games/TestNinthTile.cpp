@@ -21,7 +21,7 @@ protected:
     /// What both sides think of an answer: the game has been told already.
     void Follow(int choice)
     {
-        Known->Answer(choice);
+        Known->Judge(choice);
         EXPECT_EQ(Table.Score(), Known->Set().Points());
         if (!Known->Set().Over()) Known->Next();
     }

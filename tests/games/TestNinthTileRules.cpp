@@ -125,7 +125,7 @@ void Through(int level, int items, LookAt look)
         for (; !rules.Set().Over() && seen < items; ++seen) {
             look(rules.Item());
             if (testing::Test::HasFailure()) return;
-            rules.Answer(0);
+            rules.Judge(0);
             if (!rules.Set().Over()) rules.Next();
         }
     }
@@ -166,7 +166,7 @@ Model::Session Play(const ModelPlayer &player, int level, std::uint32_t seed)
         const bool isRight = chance.Between(1, 10000) <= 10000 * std::pow(player.right, thoughts);
         const int others = static_cast<int>(item.Offered.size()) - 1;
         const int wrong = (item.Right + chance.Between(1, others)) % static_cast<int>(item.Offered.size());
-        session.Time += rules.Answer(isRight ? item.Right : wrong) ? RightTime : WrongTime;
+        session.Time += rules.Judge(isRight ? item.Right : wrong) ? RightTime : WrongTime;
         if (rules.Set().Over()) break;
         rules.Next();
     }
@@ -183,7 +183,7 @@ Model::Session Press(bool isRandom, int level, std::uint32_t seed)
     Model::Session session;
     while (session.Time + Key <= Limit) {
         const int offered = static_cast<int>(rules.Item().Offered.size());
-        session.Time += Key + (rules.Answer(isRandom ? chance.Between(0, offered - 1) : 0) ? RightTime : WrongTime);
+        session.Time += Key + (rules.Judge(isRandom ? chance.Between(0, offered - 1) : 0) ? RightTime : WrongTime);
         if (rules.Set().Over()) break;
         rules.Next();
     }
@@ -310,7 +310,7 @@ TEST_P(NinthTileLevel, ASetWithoutMistakesIsWorthMoreThanAHundred)
 {
     NinthRules rules(GetParam(), 1);
     while (!rules.Set().Over()) {
-        EXPECT_TRUE(rules.Answer(rules.Item().Right));
+        EXPECT_TRUE(rules.Judge(rules.Item().Right));
         if (!rules.Set().Over()) rules.Next();
     }
     EXPECT_GE(rules.Set().Points(), 120);
@@ -320,10 +320,10 @@ TEST_P(NinthTileLevel, ASetWithoutMistakesIsWorthMoreThanAHundred)
 TEST(NinthTile, AMistakeCostsWhatLuckBrings)
 {
     NinthRules rules(1, 3);
-    rules.Answer(rules.Item().Right);
+    rules.Judge(rules.Item().Right);
     const int before = rules.Set().Points();
     rules.Next();
-    EXPECT_FALSE(rules.Answer((rules.Item().Right + 1) % 6));
+    EXPECT_FALSE(rules.Judge((rules.Item().Right + 1) % 6));
     EXPECT_LT(rules.Set().Points(), before);
     EXPECT_EQ(rules.Set().Done(), 2);
     EXPECT_EQ(rules.Set().Right(), 1);
@@ -339,9 +339,9 @@ TEST(NinthTile, LevelsBeyondTheEndsPlayAsTheNearest)
 TEST(NinthTile, AnAnswerAfterTheEndDoesNothing)
 {
     NinthRules rules(10, 3);
-    while (!rules.Set().Over()) rules.Answer(rules.Item().Right);
+    while (!rules.Set().Over()) rules.Judge(rules.Item().Right);
     const int points = rules.Set().Points();
-    EXPECT_FALSE(rules.Answer(rules.Item().Right));
+    EXPECT_FALSE(rules.Judge(rules.Item().Right));
     EXPECT_EQ(rules.Set().Points(), points);
 }
 

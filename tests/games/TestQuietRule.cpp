@@ -20,7 +20,7 @@ protected:
     /// What both sides think of an answer: the game has been told already.
     void Follow(int pile)
     {
-        Known->Answer(pile);
+        Known->Judge(pile);
         EXPECT_EQ(Table.Score(), Known->Set().Points());
         if (!Known->Set().Over()) Known->Next();
     }

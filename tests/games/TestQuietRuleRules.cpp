@@ -93,7 +93,7 @@ Model::Session Play(const ModelPlayer &player, int level, std::uint32_t seed)
         session.Time += mind.TimeForCard();
         if (session.Time > Limit) break;
         const int chosen = mind.Choose();
-        const bool right = rules.Answer(chosen);
+        const bool right = rules.Judge(chosen);
         session.Time += (right ? RightTime : WrongTime) + mind.Learn(right, chosen);
         if (rules.Set().Over()) break;
         rules.Next();
@@ -111,7 +111,7 @@ double MedianOfHabit(int level, double time, Habit choose)
         SeededRandom chance(seed + 1);
         Model::Session session;
         while (session.Time + time <= Limit) {
-            session.Time += time + (rules.Answer(choose(rules, chance)) ? RightTime : WrongTime);
+            session.Time += time + (rules.Judge(choose(rules, chance)) ? RightTime : WrongTime);
             if (rules.Set().Over()) break;
             rules.Next();
         }
@@ -152,7 +152,7 @@ TEST_P(QuietRuleLevel, UnderEveryRuleOnePileIsRightAndNeverTheSameUnderTwo)
                 ASSERT_EQ(piles, 1);
             }
             for (const int traits : alike) ASSERT_LE(traits, 1);
-            rules.Answer(rules.RightPile());
+            rules.Judge(rules.RightPile());
             if (!rules.Set().Over()) rules.Next();
         }
     }
@@ -164,7 +164,7 @@ TEST_P(QuietRuleLevel, TraitsThatDontCountAreTheSameOnAllCards)
         QuietRules rules(GetParam(), seed);
         const std::set<CardTrait> counting(rules.Counting().begin(), rules.Counting().end());
         EXPECT_EQ(counting.size(), rules.Counting().size());
-        for (; !rules.Set().Over(); rules.Answer(0), rules.Next()) {
+        for (; !rules.Set().Over(); rules.Judge(0), rules.Next()) {
             for (const CardTrait trait : All) {
                 for (const Card &reference : rules.References()) {
                     if (counting.count(trait) == 0) {
@@ -188,7 +188,7 @@ TEST_P(QuietRuleLevel, TheRuleTurnsAfterARunOfRightAnswersAndAtNoOtherMoment)
         int run = 0;
         while (!rules.Set().Over()) {
             const CardTrait before = rules.Rule();
-            const bool right = rules.Answer(chance.Between(1, 12) == 1 ? AnyPile(rules, chance) : rules.RightPile());
+            const bool right = rules.Judge(chance.Between(1, 12) == 1 ? AnyPile(rules, chance) : rules.RightPile());
             run = right ? run + 1 : 0;
             rules.Next();
             if (rules.Rule() == before) {
@@ -212,7 +212,7 @@ TEST_P(QuietRuleLevel, EveryTraitThatCountsBecomesTheRule)
         first.insert(rules.Rule());
         for (; !rules.Set().Over(); rules.Next()) {
             seen.insert(rules.Rule());
-            rules.Answer(rules.RightPile());
+            rules.Judge(rules.RightPile());
         }
     }
     EXPECT_EQ(seen.size(), All.size());
@@ -230,7 +230,7 @@ TEST_P(QuietRuleLevel, OneSeedGivesOneSet)
         EXPECT_EQ(one.RightPile(), other.RightPile());
         differs = differs || !(one.Present() == third.Present());
         const int right = one.RightPile();
-        for (QuietRules *rules : {&one, &other, &third}) rules->Answer(right);
+        for (QuietRules *rules : {&one, &other, &third}) rules->Judge(right);
     }
     EXPECT_TRUE(differs);
 }
@@ -306,8 +306,8 @@ TEST(QuietRule, ACardIsNeverDealtTwiceInARow)
 TEST(QuietRule, AnAnswerAfterTheEndDoesNothing)
 {
     QuietRules rules(7, 3);
-    while (!rules.Set().Over()) rules.Answer(rules.RightPile());
+    while (!rules.Set().Over()) rules.Judge(rules.RightPile());
     const int points = rules.Set().Points();
-    EXPECT_FALSE(rules.Answer(rules.RightPile()));
+    EXPECT_FALSE(rules.Judge(rules.RightPile()));
     EXPECT_EQ(rules.Set().Points(), points);
 }

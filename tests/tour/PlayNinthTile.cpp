@@ -37,7 +37,7 @@ void PlayNinthTile(Hands &hands, const Stamina &stamina, const Board &board)
             ClickTile(hands, item, tile);
         else
             hands.Press(static_cast<Qt::Key>(Qt::Key_1 + tile));
-        rules.Answer(tile);
+        rules.Judge(tile);
         if (round <= Mistaken) hands.Picture(QStringLiteral("ninth-tile-answer-%1").arg(round));
         while (goes() && !hands.GameDescription().startsWith(u"Which")) QThread::msleep(Blink);
         if (!rules.Set().Over()) rules.Next();

@@ -20,7 +20,7 @@ void PlayQuietRule(Hands &hands, const Stamina &stamina, const Board &board)
             hands.ClickGame((91 + pile * 146) / 620.0, 124 / 420.0);
         else
             hands.Press(static_cast<Qt::Key>(Qt::Key_1 + pile));
-        rules.Answer(pile);
+        rules.Judge(pile);
         if (card == Mistaken) hands.Picture(QStringLiteral("quiet-rule-mistake"));
         while (goes() && !hands.GameDescription().startsWith(u"On which")) QThread::msleep(Blink);
         if (!rules.Set().Over()) rules.Next();
