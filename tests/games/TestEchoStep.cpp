@@ -273,22 +273,14 @@ TEST(EchoStep, HasASoundForEveryPlace)
 
 TEST(EchoStep, PicturesDifferBetweenItsParts)
 {
-    struct Row
-    {
-        const char *name;
-        QSize size;
-        int level;
-        bool dark;
-    };
-    for (const Row &row :
-         {Row{"small", {620, 420}, 1, false}, Row{"middle", {632, 440}, 4, true}, Row{"both", {620, 420}, 6, false},
-          Row{"last", {632, 440}, 9, true}, Row{"large", {1600, 1000}, 3, false}}) {
-        if (row.level != 1 && !Stage::IsSeen()) break; // nobody looks
+    for (const View &view : {View{"small", {620, 420}, 1, false}, View{"middle", {632, 440}, 4, true},
+                             View{"both", {620, 420}, 6, false}, View{"last", {632, 440}, 9, true},
+                             View{"large", {1600, 1000}, 3, false}}) {
+        if (view.Level != 1 && !Stage::IsSeen()) break; // nobody looks
         PlayedGame game(Stage::IsSeen() ? 15 : Quick);
-        const QString name = QStringLiteral("echo-") + QLatin1String(row.name);
-        game.Dress(row.dark);
-        game.Resize(row.size);
-        game.Begin(row.level);
+        const QString name = QStringLiteral("echo-") + QLatin1String(view.Name);
+        game.Show(view);
+        game.Begin(view.Level);
         const QImage before = game.Picture();
         game.Keep(name + QStringLiteral("-1-before"));
         ASSERT_TRUE(game.PlayToA(true));

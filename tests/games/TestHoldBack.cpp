@@ -263,22 +263,14 @@ TEST(HoldBack, HasSoundsOfItsOwnForAPressAndForHoldingBack)
 
 TEST(HoldBack, PicturesDifferBetweenItsParts)
 {
-    struct Row
-    {
-        const char *name;
-        QSize size;
-        int level;
-        bool dark;
-    };
-    for (const Row &row : {Row{"small", {620, 420}, 1, false}, Row{"middle", {632, 440}, 4, true},
-                           Row{"last", {620, 420}, 7, false}, Row{"halves", {632, 440}, 6, true},
-                           Row{"large", {1600, 1000}, 5, false}, Row{"large-dark", {1600, 1000}, 7, true}}) {
-        if (row.level != 1 && !Stage::IsSeen()) break; // nobody looks
+    for (const View &view : {View{"small", {620, 420}, 1, false}, View{"middle", {632, 440}, 4, true},
+                             View{"last", {620, 420}, 7, false}, View{"halves", {632, 440}, 6, true},
+                             View{"large", {1600, 1000}, 5, false}, View{"large-dark", {1600, 1000}, 7, true}}) {
+        if (view.Level != 1 && !Stage::IsSeen()) break; // nobody looks
         PlayedGame game(Stage::IsSeen() ? 25 : Quick);
-        const QString name = QStringLiteral("hold-") + QLatin1String(row.name);
-        game.Dress(row.dark);
-        game.Resize(row.size);
-        game.Begin(row.level);
+        const QString name = QStringLiteral("hold-") + QLatin1String(view.Name);
+        game.Show(view);
+        game.Begin(view.Level);
         const QImage intro = game.Picture();
         game.Keep(name + QStringLiteral("-1-intro"));
         ASSERT_TRUE(game.PlayToA(false));

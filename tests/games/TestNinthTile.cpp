@@ -1,9 +1,8 @@
 #include "games/ninth-tile/NinthRules.h"
 #include "shell/program/modMain.h"
-#include "tests/games/stage/KnownGame.h"
+#include "tests/games/stage/EveryChoiceGame.h"
 
 #include <QTest>
-#include <QTimer>
 
 namespace
 {
@@ -13,25 +12,11 @@ constexpr int Left = 37, Up = 38, Right = 39, Down = 40;
 class NinthTile : public KnownGame<NinthRules>
 {
 protected:
-    NinthTile() : KnownGame("ninth-tile") {}
+    NinthTile() : KnownGame("ninth-tile", NinthRules::Levels) {}
 
-    int RightOne() const { return Known->Item().Right; }
-    int WrongOne() const { return (RightOne() + 1) % Offered(); }
-    int Offered() const { return static_cast<int>(Known->Item().Offered.size()); }
-    /// What both sides think of an answer: the game has been told already.
-    void Follow(int choice)
-    {
-        Known->Judge(choice);
-        EXPECT_EQ(Table.Score(), Known->Set().Points());
-        if (!Known->Set().Over()) Known->Next();
-    }
-    void AnswerByKey(int choice)
-    {
-        Table.Key('1' + choice);
-        Follow(choice);
-    }
-    /// The middle of an offered tile.
-    QPoint Place(int choice) const
+    int Offered() const override { return static_cast<int>(Known->Item().Offered.size()); }
+    int RightOne() const override { return Known->Item().Right; }
+    QPoint PlaceOf(int choice) const override
     {
         const int columns = Offered() == 6 ? 2 : 3;
         const double size = columns == 2 ? 88 : 79;
@@ -43,11 +28,13 @@ protected:
 };
 } // namespace
 
+INSTANTIATE_TYPED_TEST_SUITE_P(Here, EveryChoiceGame, NinthTile);
+
 TEST_F(NinthTile, IsPlayedWithNumbersAlone)
 {
     Start(1);
     for (int round = 1; round <= 3; ++round) {
-        AnswerByKey(RightOne());
+        AnswerByKeys(RightOne());
         EXPECT_EQ(Table.Sounds("right"), round);
         EXPECT_EQ(Table.Description(), Table.Word("Right"));
         ASSERT_TRUE(UntilNext());
@@ -67,22 +54,18 @@ TEST_F(NinthTile, IsPlayedWithArrowsAndTheRing)
         if (RightOne() % 2 == 1) Table.Key(Right);
         for (int row = 0; row < RightOne() / 2; ++row) Table.Key(Down);
         Table.Key(key);
-        Follow(RightOne());
+        ExpectToFollow(RightOne());
         ASSERT_TRUE(UntilNext());
     }
     EXPECT_EQ(Table.Sounds("right"), 2);
 }
 
-TEST_F(NinthTile, IsPlayedWithTheMouseAlone)
+TEST_F(NinthTile, AWrongAnswerNamesTheRightTile)
 {
-    Start(10);
-    for (int round = 1; round <= 2; ++round) {
-        const int right = RightOne();
-        Table.Click(Place(right));
-        Follow(right);
-        EXPECT_EQ(Table.Sounds("right"), round);
-        ASSERT_TRUE(UntilNext());
-    }
+    Start(3);
+    const QString fitting = QStringLiteral("%1: %2").arg(Table.Word("RightTile")).arg(RightOne() + 1);
+    AnswerByKeys(WrongOne());
+    EXPECT_EQ(Table.Name(), fitting);
 }
 
 TEST_F(NinthTile, EveryTileIsFoundByTheMouseAtEverySize)
@@ -92,83 +75,12 @@ TEST_F(NinthTile, EveryTileIsFoundByTheMouseAtEverySize)
             Table.Resize(size);
             for (int choice = 0; choice < (level == 1 ? 6 : 8); ++choice) {
                 Start(level);
-                Table.Click(Place(choice));
+                Table.Click(PlaceOf(choice));
                 EXPECT_EQ(Table.Description(), Table.Word(choice == RightOne() ? "Right" : "Wrong"))
                     << size.width() << ' ' << choice;
             }
         }
     }
-}
-
-TEST_F(NinthTile, AWrongAnswerShowsWhatWasRightAndTakesNoOther)
-{
-    Start(3);
-    const QImage before = Table.Picture();
-    const QString fitting = QStringLiteral("%1: %2").arg(Table.Word("RightTile")).arg(RightOne() + 1);
-    AnswerByKey(WrongOne());
-    EXPECT_EQ(Table.Name(), fitting);
-    EXPECT_EQ(Table.Sounds("wrong"), 1);
-    EXPECT_EQ(Table.Description(), Table.Word("Wrong"));
-    EXPECT_NE(Table.Picture(), before);
-    for (int key = '1'; key <= '6'; ++key) Table.Key(key);
-    Table.Click(Place(0));
-    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1) << "nothing counts while the answer is told";
-    ASSERT_TRUE(UntilNext());
-    AnswerByKey(RightOne());
-    EXPECT_EQ(Table.Sounds("right"), 1);
-}
-
-TEST_F(NinthTile, TheTellingStandsStillWhileHidden)
-{
-    Start(1);
-    AnswerByKey(RightOne());
-    Table.Game->SetVisible(false);
-    EXPECT_TRUE(Table.UntilStill());
-    Stage::Turn(200); // longer than a right answer is told
-    EXPECT_EQ(Table.Description(), Table.Word("Right"));
-    Table.Key('1');
-    EXPECT_EQ(Table.Sounds("right") + Table.Sounds("wrong"), 1);
-    Table.Game->SetVisible(true);
-    EXPECT_TRUE(UntilNext());
-}
-
-TEST_F(NinthTile, AWholeSetEndsTheSessionAtOnceAndOnceAndNothingCountsAfterwards)
-{
-    Start(10);
-    int atTheEnd = -1;
-    Table.Framework->GameOver = [&] { atTheEnd = Table.Score(); }; // asked for inside, before anything closes
-    while (!Known->Set().Over()) {
-        EXPECT_EQ(Table.Count("gameover"), 0);
-        ASSERT_TRUE(UntilNext());
-        AnswerByKey(RightOne());
-    }
-    EXPECT_EQ(atTheEnd, Known->Set().Points());
-    EXPECT_GT(atTheEnd, 120);
-    EXPECT_EQ(Table.Framework->Last(QStringLiteral("progress")), 100);
-    EXPECT_EQ(Table.Sounds("done"), 1);
-    EXPECT_TRUE(Table.UntilStill());
-
-    const int calls = static_cast<int>(Table.Framework->Calls.size());
-    for (const int key : {'1' + RightOne(), int{Enter}, int{Space}, int{Down}}) Table.Key(key);
-    Table.Click(Place(RightOne()));
-    EXPECT_EQ(Table.Score(), atTheEnd);
-    EXPECT_EQ(Table.Framework->Calls.size(), calls);
-    EXPECT_EQ(Table.Count("gameover"), 1);
-}
-
-TEST_F(NinthTile, AfterTimeUpNothingCountsAndThePointsStand)
-{
-    Start(1);
-    AnswerByKey(RightOne());
-    const int points = Table.Score();
-    EXPECT_GT(points, 0);
-    Table.Game->Message(QStringLiteral("timeup"));
-    EXPECT_EQ(Table.Description(), Table.Word("TimeUp"));
-    EXPECT_TRUE(Table.UntilStill());
-    Table.Key('1' + RightOne());
-    Table.Click(Place(RightOne()));
-    EXPECT_EQ(Table.Score(), points);
-    EXPECT_EQ(Table.Count("gameover"), 0);
 }
 
 TEST_F(NinthTile, TellsTheWholeItemInWords)
@@ -194,15 +106,6 @@ TEST_F(NinthTile, TheOfferedTilesAreToldInDifferentWords)
     }
 }
 
-TEST_F(NinthTile, StandsStillWhileNothingMoves)
-{
-    Start(1);
-    EXPECT_TRUE(Table.UntilStill());
-    AnswerByKey(RightOne());
-    EXPECT_FALSE(Table.Game->Control()->findChildren<QTimer *>().isEmpty());
-    EXPECT_TRUE(Table.UntilStill());
-}
-
 TEST_F(NinthTile, EveryWordOfItsOwnIsThereInBothLanguages)
 {
     Table.ExpectWords({"Name",    "Hint",        "Right",      "Wrong",     "RightTile", "TimeUp", "Points",
@@ -213,33 +116,25 @@ TEST_F(NinthTile, EveryWordOfItsOwnIsThereInBothLanguages)
 
 TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    struct Row
-    {
-        const char *name;
-        QSize size;
-        int level;
-        bool dark;
-    };
     SetPaceOfPictures();
-    for (const Row &row :
-         {Row{"first", {620, 420}, 1, false}, Row{"middle", {620, 420}, 5, false}, Row{"size", {620, 420}, 7, false},
-          Row{"last", {620, 420}, 10, false}, Row{"dark", {620, 420}, 9, true}, Row{"dark5", {620, 420}, 5, true},
-          Row{"large", {1600, 1000}, 8, false}, Row{"small", {380, 290}, 10, false}}) {
-        const QString name = QStringLiteral("ninth-") + QLatin1String(row.name);
-        Table.Dress(row.dark);
-        Table.Resize(row.size);
-        Start(row.level);
+    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"middle", {620, 420}, 5, false},
+                             View{"size", {620, 420}, 7, false}, View{"last", {620, 420}, 10, false},
+                             View{"dark", {620, 420}, 9, true}, View{"dark5", {620, 420}, 5, true},
+                             View{"large", {1600, 1000}, 8, false}, View{"small", {380, 290}, 10, false}}) {
+        const QString name = QStringLiteral("ninth-") + QLatin1String(view.Name);
+        Table.Show(view);
+        Start(view.Level);
         const QImage fresh = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-item"));
-        AnswerByKey(RightOne());
+        AnswerByKeys(RightOne());
         Stage::Settle(600);
         const QImage right = Table.Picture();
         Table.Keep(name + QStringLiteral("-2-right"));
-        Start(row.level);
+        Start(view.Level);
         Table.Key(Down);
-        QTest::mouseMove(Table.Game->Control(), Place(WrongOne()));
+        QTest::mouseMove(Table.Game->Control(), PlaceOf(WrongOne()));
         Table.Keep(name + QStringLiteral("-3-ring"));
-        AnswerByKey(WrongOne());
+        AnswerByKeys(WrongOne());
         Stage::Settle(600);
         const QImage mistake = Table.Picture();
         Table.Keep(name + QStringLiteral("-4-wrong"));

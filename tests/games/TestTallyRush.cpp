@@ -1,7 +1,5 @@
 #include "tests/games/stage/Stage.h"
 
-#include "shell/program/modMain.h"
-
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -228,21 +226,13 @@ TEST_F(TallyRush, EveryWordOfItsOwnIsThereInBothLanguages)
 
 TEST_F(TallyRush, PicturesDifferBetweenRightWrongAndTimeUp)
 {
-    struct Row
-    {
-        const char *name;
-        QSize size;
-        int level;
-        bool dark;
-    };
     Table.SetPace(Stage::IsSeen() ? 100 : Quick);
-    for (const Row &row : {Row{"small", {380, 290}, 1, false}, Row{"designed", {632, 440}, 5, false},
-                           Row{"dark", {632, 440}, 10, true}, Row{"large", {1600, 1000}, 8, false},
-                           Row{"wide", {1000, 420}, 3, true}}) {
-        const QString name = QStringLiteral("tally-") + QLatin1String(row.name);
-        Table.Dress(row.dark);
-        Table.Resize(row.size);
-        Table.Start(row.level);
+    for (const View &view : {View{"small", {380, 290}, 1, false}, View{"designed", {632, 440}, 5, false},
+                             View{"dark", {632, 440}, 10, true}, View{"large", {1600, 1000}, 8, false},
+                             View{"wide", {1000, 420}, 3, true}}) {
+        const QString name = QStringLiteral("tally-") + QLatin1String(view.Name);
+        Table.Show(view);
+        Table.Start(view.Level);
         const QImage fresh = Table.Picture();
         Table.Keep(name + QStringLiteral("-1-first"));
         Table.Type(Result());

@@ -17,6 +17,15 @@ QString WithSeed(const QString &Folder, std::uint32_t Seed);
 /// A pace, in percent, for who need not see how things move.
 constexpr int Quick = 4;
 
+/// How a game is looked at for a picture.
+struct View
+{
+    const char *Name;
+    QSize Size;
+    int Level;
+    bool Dark;
+};
+
 class Stage
 {
 public:
@@ -58,6 +67,11 @@ public:
     void UnloadAtTheEnd(const std::function<void()> &First);
     /// A light ground and the game's default words, or a dark one and German.
     void Dress(bool Dark) const;
+    void Show(const View &Wanted)
+    {
+        Dress(Wanted.Dark);
+        Resize(Wanted.Size);
+    }
     /// Each of the words is there in both languages.
     void ExpectWords(std::initializer_list<const char *> Names) const;
     /// Whether somebody looks at the pictures: NOGGLE_PICTURES names the folder for them.
