@@ -102,6 +102,42 @@ int Watch(const QStringList &arguments, int patience)
     std::printf("%s\n", watcher.Mends == 0 ? "Nothing to mend." : "The game is to be mended.");
     return watcher.Mends == 0 ? 0 : 1;
 }
+
+const QString Sessions = QStringLiteral("sessions");
+const QString Seed = QStringLiteral("seed");
+const QString Program = QStringLiteral("program");
+const QString Patience = QStringLiteral("patience");
+const QString Inside = QStringLiteral("inside");
+
+void AddOptions(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral("Plays a game of Noggle a thousand times and tells what its "
+                                                    "author has to mend. Exit code 0: nothing."));
+    parser.addHelpOption();
+    const QString number = QStringLiteral("number");
+    QCommandLineOption inside(Inside, QStringLiteral("The check itself, in this process."));
+    inside.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions(
+        {{Sessions, QStringLiteral("How many sessions are played."), number, QStringLiteral("1000")},
+         {Seed, QStringLiteral("Other events, the same for a number."), number, QStringLiteral("1")},
+         {Program, QStringLiteral("The program's folder, for shared components; else the folder above the game's."),
+          QStringLiteral("folder")},
+         {Patience, QStringLiteral("Seconds for one step, after which a game counts as stuck."), number,
+          QStringLiteral("60")},
+         inside});
+    parser.addPositionalArgument(QStringLiteral("FOLDER"), QStringLiteral("The game's folder, as it is delivered."));
+}
+
+CheckOptions OptionsOf(const QCommandLineParser &parser, const QFileInfo &folder)
+{
+    CheckOptions options;
+    options.Folder = QDir(folder.absoluteFilePath()).absolutePath() + u'/';
+    options.ProgramFolder = parser.isSet(Program) ? QDir(parser.value(Program)).absolutePath() + u'/'
+                                                  : QFileInfo(options.Folder.chopped(1)).absolutePath() + u'/';
+    options.Sessions = parser.value(Sessions).toInt();
+    options.Seed = parser.value(Seed).toUInt();
+    return options;
+}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -111,24 +147,7 @@ int main(int argc, char *argv[])
     CheckApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Plays a game of Noggle a thousand times and tells what its "
-                                                    "author has to mend. Exit code 0: nothing."));
-    parser.addHelpOption();
-    const QCommandLineOption sessions(QStringLiteral("sessions"), QStringLiteral("How many sessions are played."),
-                                      QStringLiteral("number"), QStringLiteral("1000"));
-    const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Other events, the same for a number."),
-                                  QStringLiteral("number"), QStringLiteral("1"));
-    const QCommandLineOption program(QStringLiteral("program"),
-                                     QStringLiteral("The program's folder, for shared components; else the folder "
-                                                    "above the game's."),
-                                     QStringLiteral("folder"));
-    const QCommandLineOption patience(QStringLiteral("patience"),
-                                      QStringLiteral("Seconds for one step, after which a game counts as stuck."),
-                                      QStringLiteral("number"), QStringLiteral("60"));
-    QCommandLineOption inside(QStringLiteral("inside"), QStringLiteral("The check itself, in this process."));
-    inside.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({sessions, seed, program, patience, inside});
-    parser.addPositionalArgument(QStringLiteral("FOLDER"), QStringLiteral("The game's folder, as it is delivered."));
+    AddOptions(parser);
     parser.process(application);
     if (parser.positionalArguments().size() != 1) parser.showHelp(2);
     const QFileInfo folder(parser.positionalArguments().first());
@@ -136,13 +155,7 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "There is no folder %s.\n", qPrintable(folder.filePath()));
         return 2;
     }
-    if (!parser.isSet(inside))
-        return Watch(QCoreApplication::arguments().mid(1), parser.value(patience).toInt() * 1000);
-    CheckOptions options;
-    options.Folder = QDir(folder.absoluteFilePath()).absolutePath() + u'/';
-    options.ProgramFolder = parser.isSet(program) ? QDir(parser.value(program)).absolutePath() + u'/'
-                                                  : QFileInfo(options.Folder.chopped(1)).absolutePath() + u'/';
-    options.Sessions = parser.value(sessions).toInt();
-    options.Seed = parser.value(seed).toUInt();
-    return RunInside(options, application);
+    if (!parser.isSet(Inside))
+        return Watch(QCoreApplication::arguments().mid(1), parser.value(Patience).toInt() * 1000);
+    return RunInside(OptionsOf(parser, folder), application);
 }
