@@ -2,8 +2,6 @@
 #include "shell/program/modMain.h"
 #include "tests/games/stage/EveryChoiceGame.h"
 
-#include <QTest>
-
 namespace
 {
 constexpr int Enter = 13, Space = 32;
@@ -116,32 +114,14 @@ TEST_F(NinthTile, EveryWordOfItsOwnIsThereInBothLanguages)
 
 TEST_F(NinthTile, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"middle", {620, 420}, 5, false},
-                             View{"size", {620, 420}, 7, false}, View{"last", {620, 420}, 10, false},
-                             View{"dark", {620, 420}, 9, true}, View{"dark5", {620, 420}, 5, true},
-                             View{"large", {1600, 1000}, 8, false}, View{"small", {380, 290}, 10, false}}) {
-        const QString name = QStringLiteral("ninth-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        const QImage fresh = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-item"));
-        AnswerByKeys(RightOne());
-        Stage::Settle(600);
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Start(view.Level);
-        Table.Key(Down);
-        QTest::mouseMove(Table.Game->Control(), PlaceOf(WrongOne()));
-        Table.Keep(name + QStringLiteral("-3-ring"));
-        AnswerByKeys(WrongOne());
-        Stage::Settle(600);
-        const QImage mistake = Table.Picture();
-        Table.Keep(name + QStringLiteral("-4-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        EXPECT_NE(fresh, right);
-        EXPECT_NE(right, mistake);
-        EXPECT_NE(mistake, Table.Picture());
-        Table.Keep(name + QStringLiteral("-5-timeup"));
-    }
+    ExpectPicturesToDiffer("ninth",
+                           {{"first", {620, 420}, 1, false},
+                            {"middle", {620, 420}, 5, false},
+                            {"size", {620, 420}, 7, false},
+                            {"last", {620, 420}, 10, false},
+                            {"dark", {620, 420}, 9, true},
+                            {"dark5", {620, 420}, 5, true},
+                            {"large", {1600, 1000}, 8, false},
+                            {"small", {380, 290}, 10, false}},
+                           600);
 }

@@ -110,31 +110,16 @@ TEST_F(OddStone, EveryWordOfItsOwnIsThereInBothLanguages)
                        "Small",    "LeansLeft", "LeansRight", "Points", "Level",  "TimeUp"});
 }
 
-TEST_F(OddStone, PicturesDifferBetweenRightWrongAndTimeUp)
+TEST_F(OddStone, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"close", {620, 420}, 4, true},
-                             View{"middle", {620, 420}, 5, false}, View{"plain", {620, 420}, 8, true},
-                             View{"last", {620, 420}, 9, false}, View{"large", {1600, 1000}, 9, true},
-                             View{"large-middle", {1600, 1000}, 5, false}, View{"small", {380, 290}, 3, true}}) {
-        const QString name = QStringLiteral("stone-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        Table.Key(Right);
-        const QImage fresh = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-first"));
-        AnswerByMouse(RightOne());
-        Stage::Settle(80);
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Start(view.Level);
-        AnswerByMouse(WrongOne());
-        Stage::Settle(120);
-        const QImage wrong = Table.Picture();
-        Table.Keep(name + QStringLiteral("-3-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        EXPECT_NE(fresh, right);
-        EXPECT_NE(right, wrong);
-        EXPECT_NE(wrong, Table.Picture());
-    }
+    ExpectPicturesToDiffer("stone",
+                           {{"first", {620, 420}, 1, false},
+                            {"close", {620, 420}, 4, true},
+                            {"middle", {620, 420}, 5, false},
+                            {"plain", {620, 420}, 8, true},
+                            {"last", {620, 420}, 9, false},
+                            {"large", {1600, 1000}, 9, true},
+                            {"large-middle", {1600, 1000}, 5, false},
+                            {"small", {380, 290}, 3, true}},
+                           120);
 }

@@ -68,30 +68,14 @@ TEST_F(PunchedFold, EveryWordOfItsOwnIsThereInBothLanguages)
                        "Points", "Level", "TimeUp"});
 }
 
-TEST_F(PunchedFold, PicturesDifferBetweenItsParts)
+TEST_F(PunchedFold, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"second", {620, 420}, 3, true},
-                             View{"middle", {620, 420}, 5, false}, View{"last", {620, 420}, 8, false},
-                             View{"large", {1600, 1000}, 7, true}, View{"small", {380, 290}, 8, true}}) {
-        const QString name = QStringLiteral("fold-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        Table.Key(RightArrow);
-        const QImage asked = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-asked"));
-        Table.Key(u'1' + RightOne());
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Table.Start(view.Level);
-        Table.Key(u'1' + WrongOne());
-        const QImage wrong = Table.Picture();
-        Stage::Settle(2400);
-        Table.Keep(name + QStringLiteral("-3-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        Table.Keep(name + QStringLiteral("-4-timeup"));
-        EXPECT_NE(asked, right);
-        EXPECT_NE(right, wrong);
-        EXPECT_NE(wrong, Table.Picture());
-    }
+    ExpectPicturesToDiffer("fold",
+                           {{"first", {620, 420}, 1, false},
+                            {"second", {620, 420}, 3, true},
+                            {"middle", {620, 420}, 5, false},
+                            {"last", {620, 420}, 8, false},
+                            {"large", {1600, 1000}, 7, true},
+                            {"small", {380, 290}, 8, true}},
+                           2400);
 }

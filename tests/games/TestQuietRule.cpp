@@ -2,8 +2,6 @@
 #include "shell/program/modMain.h"
 #include "tests/games/stage/EveryChoiceGame.h"
 
-#include <QTest>
-
 namespace
 {
 constexpr int Enter = 13, Space = 32;
@@ -132,34 +130,15 @@ TEST_F(QuietRule, EveryWordOfItsOwnIsThereInBothLanguages)
                        "Rounded", "Cut",     "Scooped", "Stamped"});
 }
 
-TEST_F(QuietRule, PicturesDifferBetweenCardRightWrongAndTimeUp)
+TEST_F(QuietRule, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view :
-         {View{"first", {620, 420}, 1, false}, View{"middle", {620, 420}, 4, false},
-          View{"last", {620, 420}, 7, false}, View{"dark", {620, 420}, 7, true}, View{"dark1", {620, 420}, 2, true},
-          View{"large", {1600, 1000}, 5, false}, View{"small", {380, 290}, 7, false}}) {
-        const QString name = QStringLiteral("quiet-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        const QImage fresh = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-card"));
-        AnswerByKeys(RightOne());
-        Stage::Settle(200);
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Start(view.Level);
-        Table.Key(Right);
-        QTest::mouseMove(Table.Game->Control(), PlaceOf(WrongOne()));
-        Table.Keep(name + QStringLiteral("-3-ring"));
-        AnswerByKeys(WrongOne());
-        Stage::Settle(250);
-        const QImage mistake = Table.Picture();
-        Table.Keep(name + QStringLiteral("-4-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        EXPECT_NE(fresh, right);
-        EXPECT_NE(right, mistake);
-        EXPECT_NE(mistake, Table.Picture());
-        Table.Keep(name + QStringLiteral("-5-timeup"));
-    }
+    ExpectPicturesToDiffer("quiet",
+                           {{"first", {620, 420}, 1, false},
+                            {"middle", {620, 420}, 4, false},
+                            {"last", {620, 420}, 7, false},
+                            {"dark", {620, 420}, 7, true},
+                            {"dark1", {620, 420}, 2, true},
+                            {"large", {1600, 1000}, 5, false},
+                            {"small", {380, 290}, 7, false}},
+                           250);
 }

@@ -115,31 +115,16 @@ TEST_F(ScaleTip, EveryWordOfItsOwnIsThereInBothLanguages)
         {"Name", "Hint", "Right", "Wrong", "LeftSide", "RightSide", "Dots", "Points", "Level", "TimeUp"});
 }
 
-TEST_F(ScaleTip, PicturesDifferBetweenRightWrongAndTimeUp)
+TEST_F(ScaleTip, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"third", {620, 420}, 4, true},
-                             View{"middle", {620, 420}, 5, false}, View{"sums", {620, 420}, 6, true},
-                             View{"last", {620, 420}, 8, true}, View{"large", {1600, 1000}, 4, false},
-                             View{"large-last", {1600, 1000}, 8, true}, View{"small", {380, 290}, 7, false}}) {
-        const QString name = QStringLiteral("scale-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        QTest::mouseMove(Table.Game->Control(), PlaceOf(1));
-        const QImage fresh = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-first"));
-        AnswerByKeys(RightOne());
-        Stage::Settle(180);
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Start(view.Level);
-        AnswerByKeys(WrongOne());
-        Stage::Settle(220);
-        const QImage wrong = Table.Picture();
-        Table.Keep(name + QStringLiteral("-3-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        EXPECT_NE(fresh, right);
-        EXPECT_NE(right, wrong);
-        EXPECT_NE(wrong, Table.Picture());
-    }
+    ExpectPicturesToDiffer("scale",
+                           {{"first", {620, 420}, 1, false},
+                            {"third", {620, 420}, 4, true},
+                            {"middle", {620, 420}, 5, false},
+                            {"sums", {620, 420}, 6, true},
+                            {"last", {620, 420}, 8, true},
+                            {"large", {1600, 1000}, 4, false},
+                            {"large-last", {1600, 1000}, 8, true},
+                            {"small", {380, 290}, 7, false}},
+                           220);
 }

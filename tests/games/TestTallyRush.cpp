@@ -1,3 +1,4 @@
+#include "tests/games/TallyResult.h"
 #include "tests/games/stage/Stage.h"
 
 #include <gtest/gtest.h>
@@ -23,28 +24,7 @@ protected:
 
     QString Task() const { return Table.Name().section(QStringLiteral(" = "), 0, 0); }
     QString Typed() const { return Table.Name().section(QStringLiteral(" = "), 1); }
-    /// Works the task out by itself: products and quotients first, then from left to right.
-    int Result() const
-    {
-        const QStringList words = Task().split(u' ');
-        int sum = 0;
-        int sign = 1;
-        int product = words.at(0).toInt();
-        for (qsizetype i = 1; i + 1 < words.size(); i += 2) {
-            const int number = words.at(i + 1).toInt();
-            const QString &sum_or_product = words.at(i);
-            if (sum_or_product == u"\u00d7") {
-                product *= number;
-            } else if (sum_or_product == u"\u00f7") {
-                product /= number;
-            } else {
-                sum += sign * product;
-                sign = sum_or_product == u"+" ? 1 : -1;
-                product = number;
-            }
-        }
-        return sum + sign * product;
-    }
+    int Result() const { return TallyResult(Task()); }
     void WaitForMistake() { EXPECT_TRUE(Table.UntilStill()); }
     /// A place of the number pad, as parts of the whole at its design size.
     QPoint PadKey(int column, int row) const { return Table.At(QPointF(380 + 37 + column * 76, 58 + 37 + row * 77)); }

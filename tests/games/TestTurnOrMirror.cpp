@@ -74,30 +74,15 @@ TEST_F(TurnOrMirror, EveryWordOfItsOwnIsThereInBothLanguages)
                        "Points", "Level", "TimeUp"});
 }
 
-TEST_F(TurnOrMirror, PicturesDifferBetweenItsParts)
+TEST_F(TurnOrMirror, PicturesDifferBetweenItemRightWrongAndTimeUp)
 {
-    SetPaceOfPictures();
-    for (const View &view : {View{"first", {620, 420}, 1, false}, View{"letters", {620, 420}, 3, true},
-                             View{"middle", {620, 420}, 5, false}, View{"solids", {620, 420}, 6, true},
-                             View{"last", {620, 420}, 8, false}, View{"large", {1600, 1000}, 7, true},
-                             View{"small", {380, 290}, 8, true}}) {
-        const QString name = QStringLiteral("turn-") + QLatin1String(view.Name);
-        Table.Show(view);
-        Start(view.Level);
-        const QImage asked = Table.Picture();
-        Table.Keep(name + QStringLiteral("-1-asked"));
-        PressKeys(RightOne());
-        const QImage right = Table.Picture();
-        Table.Keep(name + QStringLiteral("-2-right"));
-        Table.Start(view.Level);
-        PressKeys(WrongOne());
-        const QImage wrong = Table.Picture();
-        Stage::Settle(1700);
-        Table.Keep(name + QStringLiteral("-3-wrong"));
-        Table.Game->Message(QStringLiteral("timeup"));
-        Table.Keep(name + QStringLiteral("-4-timeup"));
-        EXPECT_NE(asked, right);
-        EXPECT_NE(right, wrong);
-        EXPECT_NE(wrong, Table.Picture());
-    }
+    ExpectPicturesToDiffer("turn",
+                           {{"first", {620, 420}, 1, false},
+                            {"letters", {620, 420}, 3, true},
+                            {"middle", {620, 420}, 5, false},
+                            {"solids", {620, 420}, 6, true},
+                            {"last", {620, 420}, 8, false},
+                            {"large", {1600, 1000}, 7, true},
+                            {"small", {380, 290}, 8, true}},
+                           1700);
 }

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
+#include <initializer_list>
 #include <optional>
 
 template <typename Rules>
@@ -60,8 +63,37 @@ protected:
     {
         return Stage::Until([this] { return Table.Description() == Table.Word("Hint"); });
     }
-    /// For pictures that somebody looks at things go at their usual pace, so that they may come to rest.
-    void SetPaceOfPictures() const { Table.SetPace(Stage::IsSeen() ? 100 : Quick); }
+    /// The item, a right and a wrong answer, and that the time is up: each looks different, in every view. Where
+    /// somebody looks at the pictures, what an answer moves has so long to come to rest. [ms]
+    void ExpectPicturesToDiffer(const char *Name, std::initializer_list<View> Views, int Settling)
+    {
+        constexpr int DownArrow = 40;
+        Table.SetPace(Stage::IsSeen() ? 100 : Quick);
+        for (const View &view : Views) {
+            const auto keep = [&](const char *what) {
+                Table.Keep(QStringLiteral("%1-%2-%3")
+                               .arg(QLatin1String(Name), QLatin1String(view.Name), QLatin1String(what)));
+                return Table.Picture();
+            };
+            Table.Show(view);
+            Start(view.Level);
+            const QImage item = keep("1-item");
+            Table.Key(DownArrow); // shows the ring
+            QTest::mouseMove(Table.Game->Control(), PlaceOf(WrongOne()));
+            keep("2-ring");
+            AnswerByMouse(RightOne());
+            Stage::Settle(Settling);
+            const QImage right = keep("3-right");
+            Start(view.Level);
+            AnswerByMouse(WrongOne());
+            Stage::Settle(Settling);
+            const QImage wrong = keep("4-wrong");
+            Table.Game->Message(QStringLiteral("timeup"));
+            EXPECT_NE(item, right) << view.Name;
+            EXPECT_NE(right, wrong) << view.Name;
+            EXPECT_NE(wrong, keep("5-timeup")) << view.Name;
+        }
+    }
 
     Stage Table;
     const int ShortestSet;
