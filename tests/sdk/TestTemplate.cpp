@@ -1,5 +1,6 @@
 // The package for authors as a stranger gets it: installed into a folder of its own, the template copied out of it,
 // built outside of this tree in one command, and its game played in the program.
+#include "services/modIniFile.h"
 #include "tests/shell/support/RunningProgram.h"
 
 #include <gtest/gtest.h>
@@ -73,12 +74,15 @@ TEST_F(Template, BuildsOutsideTheTreeInOneCommandAndIsPlayedToItsStoredRow)
     for (const char *file : {"my-game.so", "GameSettings.ini", "Instructions.rtf", "sounds/right.wav"})
         EXPECT_TRUE(Program.Folder.Exists(QStringLiteral("my-game/") + QLatin1String(file))) << file;
 
+    ASSERT_TRUE(WriteIniString(QStringLiteral("config"), QStringLiteral("seed"), QStringLiteral("7"),
+                               Program.Folder.Path() + QStringLiteral("my-game/GameSettings.ini")));
     ASSERT_TRUE(Program.Start());
     Program.NewPlayer(QStringLiteral("Ann"));
     Program.ChoosePractice(QStringLiteral("Numbers"), QStringLiteral("My Game"));
     Program.Click("cmdPlay");
     ASSERT_EQ(Program.Window().Mode(), 4);
     Game()->window()->grab().save(QStringLiteral(NOGGLE_TEMPLATE_PICTURE));
+    const QString first = Game()->accessibleName();
     for (int round = 1; round < 10; ++round) ASSERT_NO_FATAL_FAILURE(Answer());
     Program.AnswerNextBox("cmd2");
     ASSERT_NO_FATAL_FAILURE(Answer());
@@ -86,4 +90,8 @@ TEST_F(Template, BuildsOutsideTheTreeInOneCommandAndIsPlayedToItsStoredRow)
     EXPECT_EQ(Program.Ask(QStringLiteral("select GamePlayedScore from GamePlayed, Game where GamePlayedGame=GameKey "
                                          "and GameName='My Game' and GamePlayedLevel=1 and GamePlayedMode=3")),
               QStringLiteral("100"));
+
+    Program.Click("cmdPlay");
+    ASSERT_NE(Game(), nullptr);
+    EXPECT_EQ(Game()->accessibleName(), first) << "the seed of the settings file deals one board";
 }
