@@ -20,8 +20,9 @@ protected:
         const StoneItem &item = Known->Item();
         const double height = 304.0 / item.Rows;
         const double width = std::min(564.0 / item.Columns, 1.3 * height);
+        const int row = stone / item.Columns;
         return Table.At({310 + width * (stone % item.Columns + 0.5 - item.Columns / 2.0),
-                         208 + height * (stone / item.Columns + 0.5 - item.Rows / 2.0)});
+                         208 + height * (row + 0.5 - item.Rows / 2.0)});
     }
     void MoveRingTo(int stone)
     {

@@ -71,7 +71,8 @@ std::vector<double> SeenByPainting(const std::vector<SeenFace> &faces, std::size
 {
     constexpr int Edge = 8; // cells of the grid to an edge
     constexpr int Half = 48;
-    static std::array<std::array<int, 2 * Half>, 2 * Half> grid;
+    constexpr std::size_t Whole = 96;
+    static std::array<std::array<int, Whole>, Whole> grid;
     for (auto &row : grid) row.fill(-1);
     for (const SeenFace &face : faces) {
         std::array<Point, 4> corners{};
@@ -93,8 +94,10 @@ std::vector<double> SeenByPainting(const std::vector<SeenFace> &faces, std::size
                         (to[0] - from[0]) * (y + 0.5 - from[1]) - (to[1] - from[1]) * (x + 0.5 - from[0]);
                     turns += turn > 0 ? 1 : -1;
                 }
+                const int row = y + Half;
+                const int column = x + Half;
                 if (std::abs(turns) == 4)
-                    grid.at(static_cast<std::size_t>(y + Half)).at(static_cast<std::size_t>(x + Half)) = face.Block;
+                    grid.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)) = face.Block;
             }
         }
     }

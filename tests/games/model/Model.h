@@ -33,6 +33,7 @@ inline double Total(const Session &Played, double Limit)
 inline double Median(double Limit, const std::function<Session(std::uint32_t)> &Play, int Sessions = 1001)
 {
     std::vector<double> totals;
+    totals.reserve(static_cast<std::size_t>(Sessions));
     for (int seed = 0; seed < Sessions; ++seed)
         totals.push_back(Total(Play(static_cast<std::uint32_t>(seed)), Limit));
     const auto middle = totals.begin() + Sessions / 2;
