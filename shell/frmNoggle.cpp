@@ -398,6 +398,8 @@ void frmNoggle::closeEvent(QCloseEvent *event)
     // A dialog is open, this one's own question perhaps: the request waits until it has been answered and is made
     // anew.
     if (m_Closing || QApplication::activeModalWidget() != nullptr) return;
+    // A name that is being written is kept, as it is when a button is pressed; a game keeps the keyboard.
+    if (QWidget *const box = focusWidget(); box != nullptr && !m_GameControl) box->clearFocus();
     m_Closing = true;
     const bool close = qApp->isSavingSession() || MayClose();
     m_Closing = false;

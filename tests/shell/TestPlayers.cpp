@@ -154,6 +154,19 @@ TEST_F(Players, OneWhoIsDeletedByKeysOutOfTheOpenNameBoxLeavesNothingToTheNext)
     EXPECT_EQ(Plain(Program.Ask(QStringLiteral("select group_concat(PlayerName) from Player"))), "Bob");
 }
 
+TEST_F(Players, OneWhoseNameIsBeingWrittenKeepsItWhenTheWindowIsClosed)
+{
+    StartWithAnn();
+    Program.Click("cmdUpdate");
+    QTest::keyClicks(Program.Find<QLineEdit>("txtName"), QStringLiteral("Anna"));
+    QString asked;
+    Program.AnswerNextBox("cmd2", {}, [&] { asked = Program.Ask(QStringLiteral("select PlayerName from Player")); });
+    Program.Click("picClose");
+    Program.Until([&] { return Program.HasAnsweredAll(); });
+    EXPECT_EQ(Plain(asked), "Anna");
+    EXPECT_EQ(Mode(), 2);
+}
+
 TEST_F(Players, OneWhoIsNotDeletedAfterAllKeepsTheEditedName)
 {
     StartWithAnn();
