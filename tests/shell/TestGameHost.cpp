@@ -102,7 +102,7 @@ protected:
 
 TEST_F(HostOfListening, VerbsCarryIntegersOfTheToldSize)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     const QVariant level = 3;
     stage.Game->Message(QStringLiteral("start"), level);
     stage.Key(65);
@@ -114,7 +114,7 @@ TEST_F(HostOfListening, VerbsCarryIntegersOfTheToldSize)
 
 TEST_F(HostOfListening, FailuresOfTheFrameworkReachTheGameAndComeBack)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     EXPECT_EQ(Failure([&] { Heard->Framework->Message(QStringLiteral("fail")); }),
               QStringLiteral("The framework failed."));
     EXPECT_EQ(Failure([&] { stage.Game->Message(QStringLiteral("fail")); }), QStringLiteral("The framework failed."));
@@ -162,7 +162,7 @@ TEST_F(HostOfListening, AfterBeingTakenAwayEveryCallDoesNothing)
 
 TEST_F(HostOfListening, UnloadIsTheLastVerb)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     stage.Game->Message(QStringLiteral("unload"));
     stage.Game->Message(QStringLiteral("unload"));
     EXPECT_TRUE(stage.Game->Message(QStringLiteral("score")).isNull());
@@ -184,7 +184,7 @@ TEST_F(HostOfListening, OneGamesForwarderDoesNotServeTheNext)
 
 TEST_F(HostOfListening, MovedAndShownOnlyWhileHosted)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     EXPECT_TRUE(stage.Game->Visible());
     EXPECT_EQ(Heard->geometry(), QRect(0, 0, 632, 440));
     stage.Game->SetVisible(false);
@@ -334,7 +334,7 @@ TEST(GameHost, KeyboardAndMouseComeBack)
 
 TEST_F(HostOfListening, AGameThatIsShownHasTheKeyboard)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     stage.Container.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&stage.Container));
     stage.Game->SetVisible(false);
@@ -345,7 +345,7 @@ TEST_F(HostOfListening, AGameThatIsShownHasTheKeyboard)
 
 TEST_F(HostOfListening, AGameThatIsShownAgainHasTheKeyboardWhereItHadIt)
 {
-    Stage stage(QStringLiteral("Listening.GameArea"), {});
+    Stage stage(QStringLiteral("Listening.GameArea"), QString());
     QLineEdit box(Heard);
     box.show();
     stage.Container.activateWindow();
