@@ -13,8 +13,11 @@ Make LoadedMaker()
 {
     void *const library = dlopen("chart.so", RTLD_NOW | RTLD_LOCAL);
     void *const make = library != nullptr ? dlsym(library, "MakeChartPlot") : nullptr;
-    if (make == nullptr)
-        throw RuntimeError(QStringLiteral("The chart can't be drawn: %1").arg(QString::fromLocal8Bit(dlerror())));
+    if (make == nullptr) {
+        const QString reason = QString::fromLocal8Bit(dlerror());
+        dlerror(); // told once more, the loader lets go of the text
+        throw RuntimeError(QStringLiteral("The chart can't be drawn: %1").arg(reason));
+    }
     return reinterpret_cast<Make>(make);
 }
 } // namespace
