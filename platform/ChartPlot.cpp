@@ -4,6 +4,8 @@
 #include "platform/Colour.h"
 #include "platform/LarkChart.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFontMetrics>
 
 #include <algorithm>
@@ -71,10 +73,24 @@ void ForEachLine(const ChartScale::Scale &scale, Each each)
 }
 
 QString Number(double value) { return QString::number(value, 'g', 10); }
+
+// What was drawn while it was hidden is not drawn once more when it is shown and learns of its size.
+class Surface final : public QCustomPlot
+{
+public:
+    using QCustomPlot::QCustomPlot;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        if (viewport() != rect()) QCustomPlot::resizeEvent(event);
+    }
+};
 } // namespace
 
-ChartPlot::ChartPlot(LarkChart *Chart) : m_Chart(*Chart), m_Plot(new QCustomPlot(Chart))
+ChartPlot::ChartPlot(LarkChart *Chart) : m_Chart(*Chart), m_Plot(new Surface(Chart))
 {
+    QCoreApplication::removePostedEvents(m_Plot, QEvent::MetaCall); // to draw itself once more, after the first Draw
     m_Plot->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_Plot->setFocusPolicy(Qt::NoFocus);
     m_Plot->lower(); // the empty text lies on it
