@@ -191,8 +191,11 @@ TEST_F(ButtonPanel, AWanderingPointerDoesNotPutTheEndOfTheHoverOff)
     MoveTo(Middle(1));
     const QTimer &mouse = Timer("tmrMouse");
     ASSERT_TRUE(mouse.isActive());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !mouse.isActive() || mouse.remainingTime() < mouse.interval() - 80; }));
-    if (!mouse.isActive()) GTEST_SKIP() << "the machine was too busy to look in time";
+    const auto hasRunAWhile = [&] {
+        if (!mouse.isActive()) MoveTo(QPoint(390, 290)), MoveTo(Middle(1)); // a busy machine did not look in time
+        return mouse.isActive() && mouse.remainingTime() < mouse.interval() - 80;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(hasRunAWhile));
     const int before = mouse.remainingTime();
     MoveTo(Middle(2));
     EXPECT_TRUE(Shows("picHover", 2));
@@ -205,8 +208,11 @@ TEST_F(ButtonPanel, AnotherPressDoesNotPutTheEndOfTheFlashOff)
     m_Panel.SetSelection(1);
     const QTimer &flash = Timer("tmrClick");
     ASSERT_TRUE(flash.isActive());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !flash.isActive() || flash.remainingTime() < flash.interval() - 80; }));
-    if (!flash.isActive()) GTEST_SKIP() << "the machine was too busy to look in time";
+    const auto hasRunAWhile = [&] {
+        if (!flash.isActive()) m_Panel.SetSelection(1); // a busy machine did not look in time
+        return flash.isActive() && flash.remainingTime() < flash.interval() - 80;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(hasRunAWhile));
     const int before = flash.remainingTime();
     m_Panel.SetSelection(2);
     EXPECT_TRUE(!flash.isActive() || flash.remainingTime() <= before);
