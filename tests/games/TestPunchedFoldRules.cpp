@@ -218,7 +218,7 @@ TEST_P(FoldLevel, EveryItemHasOneRightAnswer)
             rules.Judge(0);
         }
     }
-    for (const int count : answers) EXPECT_NEAR(count, items / FoldItem::Choices, items / 50);
+    for (const int count : answers) EXPECT_NEAR(count, 1.0 * items / FoldItem::Choices, 0.02 * items);
 }
 
 TEST_P(FoldLevel, EveryFoldLandsOnPaperAndBringsFurtherHoles)

@@ -33,7 +33,7 @@ TEST_P(TurnLevel, EveryItemHasOneRightAnswer)
             rules.Judge(true);
         }
     }
-    EXPECT_NEAR(mirrors, items / 2, items / 50);
+    EXPECT_NEAR(mirrors, 0.5 * items, 0.02 * items);
 }
 
 TEST_P(TurnLevel, FiguresAreTurnedAsFarAsTheLevelSays)

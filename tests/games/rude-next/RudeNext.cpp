@@ -5,7 +5,7 @@
 
 namespace
 {
-const bool g_Loaded = [] {
+[[maybe_unused]] const bool g_Loaded = [] {
     std::abort();
     return true;
 }();
@@ -18,7 +18,7 @@ class RudeNextComponent final : public QObject, public CGameComponent
     Q_INTERFACES(CGameComponent)
 
 public:
-    CGameArea *Create(const QString &, QWidget *) override { return g_Loaded ? nullptr : nullptr; }
+    CGameArea *Create(const QString &, QWidget *) override { return nullptr; }
 };
 
 #include "RudeNext.moc"

@@ -42,7 +42,7 @@ public:
         Info2 = QVariant();
         ++InHandler;
         const QPointer<RudeGame> here(this);
-        const QVariant answer = m_Verb ? m_Verb(*this, Cmd) : QVariant();
+        QVariant answer = m_Verb ? m_Verb(*this, Cmd) : QVariant();
         if (here) --InHandler;
         return answer;
     }
@@ -64,7 +64,7 @@ private:
     Verb m_Verb;
 };
 
-Verb On(const QString &verb, std::function<void(RudeGame &)> work)
+Verb On(const QString &verb, const std::function<void(RudeGame &)> &work)
 {
     return [verb, work](RudeGame &game, const QString &cmd) {
         if (cmd == verb) work(game);
