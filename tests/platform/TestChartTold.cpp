@@ -42,8 +42,8 @@ TEST_F(ChartTold, TheEmptyTextIsNotCut)
         m_Chart.emptytext = S(text);
         Drawn();
         EXPECT_GE(Empty().height(), Empty().heightForWidth(Empty().width())) << text;
-        EXPECT_GE(Empty().height(),
-                  Empty().fontMetrics().height() * (1 + S(text).count(u'\n')) + 2 * Empty().margin());
+        EXPECT_GE(Empty().height(), Empty().fontMetrics().height() * (1 + static_cast<int>(S(text).count(u'\n'))) +
+                                        2 * Empty().margin());
     }
 }
 
