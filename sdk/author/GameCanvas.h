@@ -46,7 +46,7 @@ protected:
     /// From "start" to "unload".
     CNoggleFramework &Framework() const { return *m_Framework; }
     QString Word(const char *Name) const;
-    /// Where this session's board comes from: another one each time, or the number that the settings file gives under
+    /// Where the board of a start comes from: another one each time, or the number that the settings file gives under
     /// "seed" in "config", so that an author can play one board again and again.
     std::uint32_t Seed() const;
     /// A time of the game's own, from "start" on in so many percent as the settings file gives under "pace" in

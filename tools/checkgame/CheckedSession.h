@@ -37,7 +37,7 @@ public:
                    std::function<void(const QString &)> Doing);
     Figures Play(const Maker &Make);
 
-    // For the framework of this session.
+    // For the framework that it gives the game.
     void GameOver();
     bool IsHidden() const { return m_Hidden; }
     std::int32_t TimeTaken() const { return static_cast<std::int32_t>(m_Clock.elapsed() / 1000); }
