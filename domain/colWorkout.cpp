@@ -12,14 +12,26 @@
 
 namespace
 {
+constexpr std::size_t UsualCategories = 10;
+
 using CategoryPoints = std::vector<CWorkout::CategoryPoints>;
 // By the key of the workout; nothing for one with a game that is not in the catalogue.
 using PointsOfWorkouts = std::unordered_map<std::int32_t, std::optional<CategoryPoints>>;
+
+using CategoryOfGame = std::unordered_map<std::int32_t, std::int32_t>;
+
+CategoryOfGame CategoriesOfGames()
+{
+    CategoryOfGame categories;
+    for (const auto &game : Held(modMain::Games)) categories.emplace(game->Key, game->Category);
+    return categories;
+}
 
 // The first result of each category counts.
 void TakeFirst(CategoryPoints &points, std::int32_t category, std::int32_t value)
 {
     const auto isKnown = [category](const auto &known) { return known.Category == category; };
+    if (points.empty()) points.reserve(UsualCategories);
     if (std::none_of(points.begin(), points.end(), isKnown)) points.push_back({category, value});
 }
 
@@ -27,17 +39,18 @@ void TakeFirst(CategoryPoints &points, std::int32_t category, std::int32_t value
 PointsOfWorkouts FirstOfCategories(Recordset &row)
 {
     PointsOfWorkouts all;
+    const CategoryOfGame categories = CategoriesOfGames();
     std::optional<CategoryPoints> *points = nullptr;
     std::int32_t present = 0;
     for (; !row.Eof(); row.MoveNext()) {
         const std::int32_t workout = row.Long(0);
         if (points == nullptr || workout != present) points = &all.try_emplace(workout, std::in_place).first->second;
         present = workout;
-        const auto game = Held(modMain::Games).Find(row.Long(1));
-        if (!game)
+        const auto category = categories.find(row.Long(1));
+        if (category == categories.end())
             points->reset();
         else if (*points)
-            TakeFirst(**points, game->Category, row.Long(2));
+            TakeFirst(**points, category->second, row.Long(2));
     }
     return all;
 }

@@ -192,17 +192,21 @@ private:
     {
         const QPointF zero = QPointF(keyAxis()->coordToPixel(0), valueAxis()->coordToPixel(0)) - corner;
         const QPointF one = QPointF(keyAxis()->coordToPixel(1), valueAxis()->coordToPixel(1)) - corner - zero;
+        auto *const pixels = reinterpret_cast<QRgb *>(picture.bits());
         for (const Point &point : points)
             if (!ChartScale::IsMissing(point.Y))
-                SetDot(picture, QPointF(zero.x() + one.x() * point.X, zero.y() + one.y() * point.Y).toPoint(), ink);
+                SetDot(pixels, picture.size(),
+                       QPointF(zero.x() + one.x() * point.X, zero.y() + one.y() * point.Y).toPoint(), ink);
     }
-    static void SetDot(QImage &picture, const QPoint &place, QRgb ink)
+    // A line of the picture follows on the one above it without a gap, as with all pictures of four bytes a pixel.
+    static void SetDot(QRgb *pixels, const QSize &size, const QPoint &place, QRgb ink)
     {
-        const QRect dot = QRect(place, QSize(DotSize, DotSize)) & picture.rect();
         const quint32 through = 255 - static_cast<quint32>(qAlpha(ink));
-        for (int y = dot.top(); y <= dot.bottom(); ++y) {
-            auto *const line = reinterpret_cast<QRgb *>(picture.scanLine(y));
-            for (int x = dot.left(); x <= dot.right(); ++x) line[x] = ink + Share(line[x], through);
+        const int right = std::min(place.x() + DotSize, size.width());
+        const int bottom = std::min(place.y() + DotSize, size.height());
+        for (int y = std::max(0, place.y()); y < bottom; ++y) {
+            QRgb *const line = pixels + static_cast<std::ptrdiff_t>(y) * size.width();
+            for (int x = std::max(0, place.x()); x < right; ++x) line[x] = ink + Share(line[x], through);
         }
     }
 

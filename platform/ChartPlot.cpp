@@ -93,8 +93,9 @@ ChartPlot::ChartPlot(LarkChart *Chart) : m_Chart(*Chart), m_Plot(new Surface(Cha
     QCoreApplication::removePostedEvents(m_Plot, QEvent::MetaCall); // to draw itself once more, after the first Draw
     m_Plot->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_Plot->setFocusPolicy(Qt::NoFocus);
-    m_Plot->lower(); // the empty text lies on it
-    m_Plot->show();  // the chart may be on the screen already
+    m_Plot->lower();                                                        // the empty text lies on it
+    m_Plot->show();                                                         // the chart may be on the screen already
+    m_Plot->layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical); // nothing is on it: no picture of its own
     m_Plot->setAutoAddPlottableToLegend(false);
     m_Plot->setAntialiasedElements(QCP::aeAll);
     m_Plot->setNotAntialiasedElements(QCP::aeAxes | QCP::aeGrid);
@@ -176,6 +177,8 @@ void ChartPlot::FindScales()
     m_X = {from, to, ChartScale::Step(to - from, m_Chart.xgridspacing, MostLinesOfX)};
     m_Margins = QMargins(std::max(0, m_Chart.leftmargin), std::max(0, m_Chart.topmargin),
                          std::max(0, m_Chart.rightmargin), std::max(0, m_Chart.bottommargin));
+    m_Points.clear();
+    for (const auto &series : m_Chart.AllSeries()) m_Points.push_back(PointsOf(*series));
     LeaveRoom();
     FindKey();
     const int most = static_cast<int>(m_Chart.height() * LabelShare);
@@ -201,8 +204,8 @@ void ChartPlot::FindY()
     double lowest = 0;
     double highest = 0;
     bool found = false;
-    for (const auto &series : m_Chart.AllSeries())
-        for (const Point &point : PointsOf(*series)) {
+    for (const std::vector<Point> &points : m_Points)
+        for (const Point &point : points) {
             if (ChartScale::IsMissing(point.Y)) continue;
             found = true;
             lowest = std::min(lowest, point.Y);
@@ -230,6 +233,14 @@ QSize ChartPlot::LargestXLabel() const
     return {width, text.height()};
 }
 
+QSize ChartPlot::LargestName() const
+{
+    const QFontMetrics text(m_Key.Font);
+    int widest = 0;
+    for (const auto &series : m_Chart.AllSeries()) widest = std::max(widest, text.horizontalAdvance(series->Name));
+    return {widest, text.height()};
+}
+
 // The largest font with which the key fits into the margin above the plot; with the smallest, the margin grows.
 void ChartPlot::FindKey()
 {
@@ -239,17 +250,19 @@ void ChartPlot::FindKey()
     const int width = std::max(1, m_Chart.width() - m_Margins.left() - m_Margins.right());
     const int count = static_cast<int>(all.size());
     m_Key.Font = Resolved(m_Chart.keyfont);
-    for (;;) {
-        const QFontMetrics text(m_Key.Font);
-        int widest = 0;
-        for (const auto &series : all) widest = std::max(widest, text.horizontalAdvance(series->Name));
-        m_Key.Item = QSize(std::min(width, IconWidth + IconGap + widest + KeyGap), text.height());
+    const auto layOut = [&](const QSizeF &name) {
+        const int item = IconWidth + IconGap + static_cast<int>(std::ceil(name.width())) + KeyGap;
+        m_Key.Item = QSize(std::min(width, item), static_cast<int>(std::ceil(name.height())));
         m_Key.Columns = std::min(count, width / m_Key.Item.width());
         m_Key.Rows = (count + m_Key.Columns - 1) / m_Key.Columns;
-        const bool fits = KeyHeight() <= m_Margins.top();
-        if (fits || m_Key.Font.pointSizeF() * Shrink < SmallestKeyFont) break;
-        m_Key.Font.setPointSizeF(m_Key.Font.pointSizeF() * Shrink);
-    }
+        return KeyHeight() <= m_Margins.top() || m_Key.Font.pointSizeF() * Shrink < SmallestKeyFont;
+    };
+    // A font takes a millisecond to load: names are measured in the first and in the chosen one, and their size in
+    // those between is taken for even.
+    for (QSizeF name = LargestName(); !layOut(name); name = LargestName()) do {
+            m_Key.Font.setPointSizeF(m_Key.Font.pointSizeF() * Shrink);
+            name *= Shrink;
+        } while (!layOut(name));
     // Long names stand beside each other all the same, and lose their middle.
     const int wanted = std::max(m_Margins.top(), static_cast<int>(m_Chart.height() * WantedKeyShare));
     while (KeyHeight() + KeyLeading > wanted && m_Key.Columns < count &&
@@ -291,12 +304,9 @@ double ChartPlot::PointsWidth() const { return std::max(1.0, Area().width() - 2 
 
 void ChartPlot::DrawSeries()
 {
-    std::vector<std::vector<Point>> all;
+    auto all = std::move(m_Points);
     std::size_t most = 2;
-    for (const auto &series : m_Chart.AllSeries()) {
-        all.push_back(PointsOf(*series));
-        most = std::max(most, all.back().size());
-    }
+    for (const std::vector<Point> &points : all) most = std::max(most, points.size());
     double apart = PointsWidth() / static_cast<double>(most - 1);
     // The more lines there are, the sooner they are a tangle.
     const double tooClose = TooClose + CloserByLine * static_cast<double>(all.size());

@@ -52,12 +52,14 @@ private:
     std::vector<ChartScale::Point> PointsOf(const ChartSeries &Series) const;
     QFont Resolved(const QFont &Font) const;
     QSize LargestXLabel() const;
+    QSize LargestName() const;
     int KeyHeight() const;
     double PointsWidth() const;
 
     const LarkChart &m_Chart;
     QCustomPlot *m_Plot;
-    std::vector<QCPGraph *> m_Lines; // in the order of the series; the plot owns them
+    std::vector<std::vector<ChartScale::Point>> m_Points; // of each series, until they are drawn
+    std::vector<QCPGraph *> m_Lines;                      // in the order of the series; the plot owns them
     ChartScale::Scale m_X{0, 1, 1};
     ChartScale::Scale m_Y{0, 1, 1};
     QMargins m_Margins; // [px]

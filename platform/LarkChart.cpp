@@ -4,7 +4,6 @@
 #include "platform/ChartSurface.h"
 #include "platform/Colour.h"
 #include "platform/Dates.h"
-#include "platform/Step.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -25,8 +24,7 @@ constexpr double TipReach = 9;  // [px] how near to a point its tip appears
 constexpr int EmptyAround = 40; // [px] beside the empty text, both sides together
 constexpr int EmptyPadding = 8; // [px] within its ground
 constexpr double PictureScale = 2;
-constexpr QSize PreparedSize(200, 150); // [px]
-constexpr std::size_t ToldLast = 5;     // points of each series in the description
+constexpr std::size_t ToldLast = 5; // points of each series in the description
 
 QFont BoldFont(double points)
 {
@@ -70,19 +68,6 @@ LarkChart::LarkChart(QWidget *Parent)
 
 LarkChart::~LarkChart() = default;
 
-void LarkChart::Prepare()
-{
-    Step([] {
-        LarkChart chart;
-        chart.resize(PreparedSize);
-        chart.xmax = 2;
-        ChartSeries &series = chart.Series(QStringLiteral("1"));
-        series.X = {1, 2};
-        series.Y = {1, 2};
-        chart.Redraw();
-    });
-}
-
 ChartSeries &LarkChart::Series(const QString &Name)
 {
     const auto known =
@@ -106,6 +91,8 @@ void LarkChart::Redraw()
 // In the middle of the plot, on a ground of its own: no grid line runs through the words.
 void LarkChart::ShowEmptyText()
 {
+    m_Empty->setVisible(!HasPoint() && !emptytext.isEmpty());
+    if (m_Empty->isHidden()) return;
     QFont font = chartfont.resolve(this->font());
     font.setFamilies(font.families());
     m_Empty->setFont(font);
@@ -117,7 +104,6 @@ void LarkChart::ShowEmptyText()
     QRect place(0, 0, width, std::min(plot.height(), m_Empty->heightForWidth(width)));
     place.moveCenter(plot.center());
     m_Empty->setGeometry(place);
-    m_Empty->setVisible(!HasPoint() && !emptytext.isEmpty());
 }
 
 QImage LarkChart::Picture() const

@@ -62,10 +62,6 @@ class LarkChart : public QWidget
     Q_PROPERTY(QString emptytext MEMBER emptytext)
 
 public:
-    /// Loads what the first chart needs and draws a small one that nobody sees, so that the click that shows the
-    /// first one need not. Failure: ignored; the first chart tells it.
-    static void Prepare();
-
     explicit LarkChart(QWidget *Parent = nullptr);
     ~LarkChart() override;
     LarkChart(const LarkChart &) = delete;

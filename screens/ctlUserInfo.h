@@ -4,6 +4,7 @@
 
 #include "screens/Screen.h"
 
+#include <functional>
 #include <vector>
 
 class CCategory;
@@ -28,6 +29,9 @@ public:
     void ShowWorkoutStats();
     /// The chart of the results by their time; nothing without a player. Failure: passed on.
     void ShowStats();
+    /// Draws a chart that nobody sees, so that the first one which somebody asks for comes as fast as the others.
+    /// Nothing once one was shown.
+    void PrepareChart();
     /// Shows or hides the list; Complete comes with it when no row was open at the last listing.
     void ShowPanel(bool Visible);
     void SkinUp();
@@ -55,6 +59,9 @@ private:
     void MakeChart();
     void OfferToSave(const QPoint &At);
     void DrawSeries(const QString &Name, std::size_t Number, std::vector<double> X, std::vector<double> Y);
+    using PointsOfCategory = std::function<std::vector<double>(const CCategory &)>;
+    void DrawCategories(const std::vector<double> &Dates, const PointsOfCategory &PointsOf);
+    void DrawChart(double From, double To, bool EvenSpacing);
     void ShowChart(double From, double To, bool EvenSpacing);
     void PlaceRow(const Row &Row);
 

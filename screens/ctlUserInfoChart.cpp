@@ -7,6 +7,7 @@
 #include "platform/Csv.h"
 #include "platform/LarkChart.h"
 #include "platform/RuntimeError.h"
+#include "platform/Step.h"
 #include "screens/Design.h"
 #include "screens/FocusMark.h"
 #include "screens/SaveFile.h"
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 
 namespace
 {
@@ -28,7 +30,8 @@ namespace
 constexpr std::array SeriesColours{ColourBytes(255, 0, 0), ColourBytes(0, 0, 255), ColourBytes(0, 255, 0),
                                    ColourBytes(255, 132, 0), ColourBytes(255, 0, 255)};
 constexpr int Styles = 6, FirstStyle = 2, LineThickness = 2;
-constexpr int MostGridLines = 20; // about
+constexpr int MostGridLines = 20;   // about
+constexpr int PreparedPoints = 300; // enough to be drawn as means and dots
 constexpr QStringView NoCategory = u"zzz";
 
 // Missing where the workout has no result in the category.
@@ -88,7 +91,24 @@ void ctlUserInfo::keyPressEvent(QKeyEvent *event)
     OfferToSave(LarkChart1->rect().center());
 }
 
-// A category keeps its number, and so its colour and style, whether those before it are drawn or not.
+// What takes long at the first chart, each letter of each font, is the same in one of made-up points.
+void ctlUserInfo::PrepareChart()
+{
+    if (!LarkChart1->AllSeries().empty()) return; // somebody was faster
+    Step([this] {
+        std::vector<double> dates(PreparedPoints);
+        std::iota(dates.begin(), dates.end(), Today() - PreparedPoints);
+        DrawCategories(dates, [](const CCategory &category) {
+            std::vector<double> points(PreparedPoints);
+            for (std::size_t i = 0; i < points.size(); ++i)
+                points[i] = static_cast<double>((i + static_cast<std::size_t>(category.Key)) % PreparedPoints);
+            return points;
+        });
+        DrawChart(1, PreparedPoints, true);
+    });
+    LarkChart1->Clear();
+}
+
 void ctlUserInfo::ShowWorkoutStats()
 {
     if (!modMain::CurrentPlayer) return;
@@ -98,17 +118,24 @@ void ctlUserInfo::ShowWorkoutStats()
     std::vector<double> dates;
     for (const auto &workout : workouts) dates.push_back(workout->Timestamp);
     if (dates.empty()) dates.push_back(Now());
+    DrawCategories(dates, [&](const CCategory &category) {
+        std::vector<double> points;
+        points.reserve(dates.size());
+        for (const auto &workout : workouts) points.push_back(PointsIn(*workout, category));
+        points.resize(dates.size(), ChartScale::Missing);
+        return points;
+    });
+    ShowChart(1, dates.front() < dates.back() ? workouts.Count() : 2, true);
+}
+
+// A category keeps its number, and so its colour and style, whether those before it are drawn or not.
+void ctlUserInfo::DrawCategories(const std::vector<double> &Dates, const PointsOfCategory &PointsOf)
+{
     std::size_t i = 0;
     for (const auto &category : *modMain::Categories) {
         ++i;
-        if (category->Name == NoCategory) continue;
-        std::vector<double> points;
-        points.reserve(dates.size());
-        for (const auto &workout : workouts) points.push_back(PointsIn(*workout, *category));
-        points.resize(dates.size(), ChartScale::Missing);
-        DrawSeries(category->LocalName(), i, dates, std::move(points));
+        if (category->Name != NoCategory) DrawSeries(category->LocalName(), i, Dates, PointsOf(*category));
     }
-    ShowChart(1, dates.front() < dates.back() ? workouts.Count() : 2, true);
 }
 
 void ctlUserInfo::ShowStats()
@@ -148,13 +175,18 @@ void ctlUserInfo::DrawSeries(const QString &Name, std::size_t Number, std::vecto
     series.Marks = true;
 }
 
-void ctlUserInfo::ShowChart(double From, double To, bool EvenSpacing)
+void ctlUserInfo::DrawChart(double From, double To, bool EvenSpacing)
 {
     LarkChart1->xmin = From;
     LarkChart1->xmax = To;
     LarkChart1->xgridspacing = std::floor((To - From) / MostGridLines) + 1;
     LarkChart1->evenspacing = EvenSpacing;
     LarkChart1->Redraw();
+}
+
+void ctlUserInfo::ShowChart(double From, double To, bool EvenSpacing)
+{
+    DrawChart(From, To, EvenSpacing);
     LarkChart1->raise();
     LarkChart1->show();
 }

@@ -3,7 +3,6 @@
 
 #include "platform/Clock.h"
 #include "platform/Convert.h"
-#include "platform/LarkChart.h"
 #include "platform/Units.h"
 
 #include "services/CResource.h"
@@ -195,7 +194,7 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
     show();
     activateWindow(); // where there is no window manager, nobody else gives it the keys
     // While a person looks for their name; the first chart would keep them waiting else.
-    QTimer::singleShot(UntilCharts, this, [] { LarkChart::Prepare(); });
+    QTimer::singleShot(UntilCharts, this, [this] { ctlUserInfo1->PrepareChart(); });
 }
 
 void frmNoggle::SetStrings()

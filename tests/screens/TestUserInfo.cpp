@@ -188,6 +188,34 @@ TEST_F(UserInfo, ShowingTheChartAgainRenewsItsSeries)
     EXPECT_EQ(Points(S("Attention")), S("-")) << "nothing of the player before";
 }
 
+TEST_F(UserInfo, AChartMadeReadyIsNotSeenAndLeavesNothingBehind)
+{
+    SetToday(2026, 3, 5);
+    ctlUserInfo *const other = &Show();
+    other->ShowDetails(2);
+    const QImage unprepared = Chart().Picture();
+    delete other;
+    ctlUserInfo &info = Show();
+    info.PrepareChart();
+    EXPECT_FALSE(Shown(S("LarkChart1")));
+    EXPECT_EQ(Names(), QString());
+    EXPECT_FALSE(Chart().Picture().isNull()) << "it was drawn";
+    info.ShowDetails(2);
+    EXPECT_EQ(Names(), S("Attention Logic Memory"));
+    EXPECT_EQ(Chart().Picture(), unprepared);
+}
+
+TEST_F(UserInfo, AChartThatSomebodyAskedForBeforeIsNotMadeReadyAnyMore)
+{
+    ctlUserInfo &info = Show();
+    Past(Today(), S("Arrows"), 70);
+    info.ShowDetails(2);
+    const QImage shown = Chart().Picture();
+    info.PrepareChart();
+    EXPECT_EQ(Points(S("Attention")), S("70"));
+    EXPECT_EQ(Chart().Picture(), shown);
+}
+
 TEST_F(UserInfo, TheChartIsOverTheListAndOnlyBeepsWhenClicked)
 {
     ctlUserInfo &info = Show();
@@ -318,6 +346,7 @@ TEST_F(UserInfo, ChartsLastWithoutAPlayerAndWithoutCategories)
 {
     ctlUserInfo &info = Show();
     modMain::Categories = std::make_shared<colCategory>();
+    info.PrepareChart();
     info.ShowWorkoutStats();
     info.ShowStats();
     info.ShowWorkout();

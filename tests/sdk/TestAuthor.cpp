@@ -163,7 +163,7 @@ TEST(SeenTime, HasSixPicturesHoweverShortItIs)
     SeenTime time;
     time.Start(0, 12);
     for (int picture = 1; picture <= 5; ++picture) {
-        time.Pass(picture * 1000);
+        time.Pass(qint64{1000} * picture);
         EXPECT_FALSE(time.IsOver());
     }
     time.Pass(6000);
