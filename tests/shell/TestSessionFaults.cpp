@@ -300,7 +300,7 @@ TEST_F(SessionFaults, AFullDiskIsToldAndLosesNothingThatWasStored)
     for (int game = 0; game < 200 && full == 0; ++game) {
         Play();
         // What the game keeps takes more room with each game.
-        Story.Game->Framework->SetPlayerGameInfo(0, QString(1500 * (game + 1), u'x'));
+        Story.Game->Framework->SetPlayerGameInfo(0, QString(qsizetype{1500} * (game + 1), u'x'));
         Program.CloseNextScore();
         FailureOf([&] { End(); });
         full = static_cast<int>(messages.Texts.size());

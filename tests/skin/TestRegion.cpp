@@ -243,7 +243,7 @@ TEST(Region, AnOutlineOf25000RectanglesIsTakenAndOneMoreIsNot)
     ASSERT_EQ(largest.Rgn().rectCount(), Region::MostRectangles);
     largest.ApplyRgn(window);
     EXPECT_EQ(window.mask(), largest.Rgn());
-    picture.insert(picture.begin(), "." + std::string(2 * perRow, '#') + ".");
+    picture.insert(picture.begin(), "." + std::string(std::string::size_type{2} * perRow, '#') + ".");
     const Region larger = Scanned(picture);
     ASSERT_EQ(larger.Rgn().rectCount(), Region::MostRectangles + 1);
     EXPECT_THROW(larger.ApplyRgn(window), RuntimeError);

@@ -21,7 +21,7 @@ UploadTest::UploadTest() : m_Framework(RecordingFramework::Install())
         m_Store.Folder().Write(QStringLiteral("Settings.ini"), "[Settings]\r\nEmail=ann@example.org\r\n");
     m_Store.Folder().Write(QStringLiteral("arrows/GameSettings.ini"),
                            "[config]\r\nname=Arrows & Co\r\ncomponent=A\r\ncategory=Logic\r\ntimelimit=60\r\n");
-    const QDateTime moment(QDate(2026, 3, 5), QTime(9, 7, 3));
+    QDateTime moment(QDate(2026, 3, 5), QTime(9, 7, 3));
     SetClock([moment] { return moment; });
     LoadRecords();
 }
@@ -41,7 +41,7 @@ void UploadTest::GivenSite(const QString &Host) const
 
 std::shared_ptr<CPlayer> UploadTest::GivenPlayer(const QString &Name) const
 {
-    const auto player = modMain::Players->Add();
+    auto player = modMain::Players->Add();
     player->Name = Name;
     player->Save();
     return player;

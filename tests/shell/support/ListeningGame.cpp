@@ -44,7 +44,7 @@ ListeningGame::~ListeningGame() { RegisterGame(ClassName, {}); }
 
 QString ListeningGame::TakeVerbs()
 {
-    const QString verbs = m_Verbs.join(u'|');
+    QString verbs = m_Verbs.join(u'|');
     m_Verbs.clear();
     return verbs;
 }
