@@ -77,19 +77,25 @@ const IniText &Keep(const QString &Path, const Identity &identity, qint64 since,
 bool IsUtf16(const QByteArray &Bytes) { return Bytes.startsWith("\xFF\xFE") || Bytes.startsWith("\xFE\xFF"); }
 } // namespace
 
-const IniText &IniFiles::Text(const QString &Path)
+const IniText *IniFiles::Find(const QString &Path)
 {
-    static const IniText Nothing;
     const std::optional<Identity> identity = IdentityOf(Path);
-    if (!identity) return Nothing;
+    if (!identity) return nullptr;
     const auto known = KeptFiles().constFind(Path);
     if (known != KeptFiles().constEnd() && known->identity == *identity &&
         known->since - identity->changed > SettlingTime)
-        return known->text;
+        return &known->text;
 
     if (identity->size > LargestFile) Fail(Path, QLatin1StringView("is too large"));
     const qint64 since = WallClock();
     const QByteArray bytes = ReadFile(Path);
     if (IsUtf16(bytes)) Fail(Path, QLatin1StringView("is written in 16-bit characters"));
-    return Keep(Path, *identity, since, IniText(bytes));
+    return &Keep(Path, *identity, since, IniText(bytes));
+}
+
+const IniText &IniFiles::Text(const QString &Path)
+{
+    static const IniText Nothing;
+    const IniText *const found = Find(Path);
+    return found == nullptr ? Nothing : *found;
 }

@@ -7,7 +7,9 @@
 
 namespace IniFiles
 {
-/// The text of the file; an empty one when there is no such file. The reference holds until the next call.
+/// The text of the file, or nothing when there is no such file. It holds until the next call.
 /// Failure: passed on, when it is there and can't be read: no plain file, no permission, larger than 1 MiB, UTF-16.
+const IniText *Find(const QString &Path);
+/// The same, where no such file is an empty one.
 const IniText &Text(const QString &Path);
 } // namespace IniFiles

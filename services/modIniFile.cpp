@@ -22,7 +22,11 @@ QByteArray UpToNul(const QByteArray &Bytes)
 QString ReadIniString(const QString &Section, const QString &Key, const QString &Default, const QString &FileName)
 {
     QByteArray value;
-    Step([&] { value = IniFiles::Text(FindFile(FileName)).Value(Section, Key); });
+    Step([&] {
+        // A start reads hundreds of keys: how the name is spelt is asked only where it does not lead to a file.
+        const IniText *const found = IniFiles::Find(FileName);
+        value = (found != nullptr ? *found : IniFiles::Text(FindFile(FileName))).Value(Section, Key);
+    });
     if (!value.isEmpty()) return FromFileText(UpToNul(CutBytes(value, LongestValue)));
     if (!Default.isEmpty()) WriteIniString(Section, Key, Default, FileName);
     return Default;
