@@ -40,3 +40,12 @@ LarkButton *PutButton(QWidget *On, const QString &Name, const QRect &Place, cons
     button->SetCaption(Caption);
     return button;
 }
+
+void SetTabPlace(QWidget *Before, QWidget *Control)
+{
+    // No order is kept for what does not take the focus.
+    const Qt::FocusPolicy policy = Before->focusPolicy();
+    Before->setFocusPolicy(Qt::TabFocus);
+    QWidget::setTabOrder(Before, Control);
+    Before->setFocusPolicy(policy);
+}

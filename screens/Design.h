@@ -22,6 +22,8 @@ QString Element(const char *Name, std::size_t Index);
 QString ScrollBarLook();
 /// Makes the keys walk through the controls in this order.
 void SetTabOrder(const QList<QWidget *> &Controls);
+/// Makes the keys walk to Control where they would come to Before, a label, if it took the focus.
+void SetTabPlace(QWidget *Before, QWidget *Control);
 
 /// A control of that name at its place.
 template <typename Control>

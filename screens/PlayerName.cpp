@@ -82,7 +82,6 @@ PlayerName::PlayerName(QWidget *Container) : Screen(Container)
 {
     SetScaleMode(1);
     MakeControls();
-    txtName->installEventFilter(this);
     connect(cmdUpdate, &LarkButton::clicked, this, [this] { EditOrSave(); });
     connect(cmdDelete, &LarkButton::clicked, this, [this] { AskToDelete(); });
     resize(ToPixels(DesignWidth).Value, ToPixels(DesignHeight).Value);
@@ -95,18 +94,28 @@ void PlayerName::MakeControls()
     picDetails = Put<PictureBox>(this, QStringLiteral("picDetails"), FromTwips(345, 45, 6990, 570));
     lblTitle = PutLabel<cTransPictureBox>(picDetails, QStringLiteral("lblTitle"), FromTwips(0, 0, 1695, 525),
                                           QStringLiteral("Player:"), TitleFont, true, Qt::AlignRight);
-    txtName = Put<QLineEdit>(picDetails, QStringLiteral("txtName"), FromTwips(1770, 75, 2355, 495));
-    StyleName(txtName);
-    txtName->setText(QStringLiteral("Name"));
     cmdUpdate =
         PutButton(picDetails, QStringLiteral("cmdUpdate"), FromTwips(4080, 120, 1800, 345), QStringLiteral("Edit"));
     cmdDelete =
         PutButton(picDetails, QStringLiteral("cmdDelete"), FromTwips(5145, 120, 1800, 345), QStringLiteral("Delete"));
 }
 
+void PlayerName::MakeBoxes()
+{
+    txtName = Put<QLineEdit>(picDetails, QStringLiteral("txtName"), FromTwips(1770, 75, 2355, 495));
+    txtName->stackUnder(cmdUpdate); // which covers its last pixels
+    SetTabPlace(lblTitle, txtName);
+    StyleName(txtName);
+    txtName->setText(QStringLiteral("Name"));
+    txtName->setAccessibleName(Word(Title));
+    txtName->installEventFilter(this);
+    txtName->show();
+}
+
 void PlayerName::ShowDetails()
 {
     if (!modMain::CurrentPlayer) return;
+    MakeTextBoxes();
     txtName->setText(modMain::CurrentPlayer->Name);
     FitName(txtName);
 }
@@ -122,7 +131,7 @@ void PlayerName::SkinUp()
 void PlayerName::SetStrings()
 {
     lblTitle->SetCaption(Word(Title));
-    txtName->setAccessibleName(Word(Title));
+    if (txtName != nullptr) txtName->setAccessibleName(Word(Title));
     cmdUpdate->SetCaption(Word(Edit));
     cmdDelete->SetCaption(Word(Delete));
 }

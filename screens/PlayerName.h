@@ -27,6 +27,7 @@ Q_SIGNALS:
 
 protected:
     void Arrange() override;
+    void MakeBoxes() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

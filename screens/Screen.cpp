@@ -15,6 +15,19 @@ constexpr QColor PlainGround(0xF4, 0xF8, 0xF7);
 
 Screen::Screen(QWidget *Container) : QWidget(Container) {}
 
+void Screen::MakeTextBoxes()
+{
+    if (m_HasBoxes) return;
+    m_HasBoxes = true;
+    MakeBoxes();
+}
+
+void Screen::showEvent(QShowEvent *event)
+{
+    MakeTextBoxes();
+    QWidget::showEvent(event);
+}
+
 void Screen::CopyBackground()
 {
     m_OwnGround = true;

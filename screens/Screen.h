@@ -25,8 +25,13 @@ public:
     /// The unit of the screen's own layout as the forms have it: 1 twips, 3 pixels. Kept, and changes nothing.
     int ScaleMode() const { return m_ScaleMode; }
     void SetScaleMode(int ScaleMode) { m_ScaleMode = ScaleMode; }
+    /// Makes the boxes of text, whose fonts take longer to load than all else of a screen: a start has no use for
+    /// them. They come with the first show, or with this call. Nothing once they are there.
+    void MakeTextBoxes();
 
 protected:
+    /// For the screens that have some: makes them, shown and in their place among the others.
+    virtual void MakeBoxes() {}
     /// Copies the game area's background from under the screen. Without a main window, or without a background, the
     /// ground is a plain light one.
     void CopyBackground();
@@ -34,8 +39,10 @@ protected:
     virtual void Arrange() = 0;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    bool m_HasBoxes = false;
     QImage m_Ground;          // the whole game area's, as it was when it was copied; shared with the main window
     QRect m_Place;            // of the screen in it
     QImage m_Part;            // what lies there, where the display has a scale

@@ -69,16 +69,25 @@ void ctlGameInstructions::MakeControls()
     lblTimeAllowed =
         PutLabel<cTransPictureBox>(this, QStringLiteral("lblTimeAllowed"), FromTwips(120, 480, 4770, 315),
                                    QStringLiteral("Time allowed: xx seconds"), SmallFont, true, Qt::AlignHCenter);
-    txtInstructions = Put<QTextEdit>(this, QStringLiteral("txtInstructions"), FromTwips(120, 900, 7185, 3660));
-    StyleText(txtInstructions);
     butStartGame =
         PutButton(this, QStringLiteral("butStartGame"), FromTwips(4395, 4830, 1800, 345), QStringLiteral("Start"));
     butCancelGame =
         PutButton(this, QStringLiteral("butCancelGame"), FromTwips(5460, 4830, 1800, 345), QStringLiteral("Cancel"));
 }
 
+void ctlGameInstructions::MakeBoxes()
+{
+    txtInstructions = Put<QTextEdit>(this, QStringLiteral("txtInstructions"), FromTwips(120, 900, 7185, 3660));
+    txtInstructions->stackUnder(butStartGame); // and before it for who has the page read aloud
+    SetTabPlace(lblTimeAllowed, txtInstructions);
+    StyleText(txtInstructions);
+    Arrange();
+    txtInstructions->show();
+}
+
 void ctlGameInstructions::ShowInstructions(const std::shared_ptr<CGame> &Game)
 {
+    MakeTextBoxes();
     SkinUp();
     if (!Game) throw RuntimeError(QStringLiteral("There is no game."));
     lblGameName->SetCaption(Game->Name());
@@ -118,6 +127,7 @@ void ctlGameInstructions::Arrange()
     Centre(lblTimeAllowed, width());
     butCancelGame->move(width() - butCancelGame->width() - margin, height() - butCancelGame->height() - gap);
     butStartGame->move(butCancelGame->x() - butStartGame->width() - gap, butCancelGame->y());
+    if (txtInstructions == nullptr) return;
     const int top = txtInstructions->y();
     txtInstructions->setGeometry(margin, top, width() - margin - margin, butCancelGame->y() - top - gap);
 }

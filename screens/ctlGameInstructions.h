@@ -28,6 +28,7 @@ Q_SIGNALS:
 
 protected:
     void Arrange() override;
+    void MakeBoxes() override;
 
 private:
     void MakeControls();

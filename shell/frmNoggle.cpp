@@ -47,7 +47,7 @@
 namespace
 {
 constexpr int QuestionFontSize = 16; // [pt]
-constexpr int UntilCharts = 500;     // [ms]
+constexpr int UntilRest = 500;       // [ms]
 
 // Options and answers of the message box.
 constexpr std::int32_t YesNo = 4;
@@ -111,12 +111,18 @@ Control *Named(Control *control, const char *name)
 }
 } // namespace
 
-frmNoggle::frmNoggle() : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
+frmNoggle::Pictures::Pictures()
+    : Pause(QStringLiteral(":/pictures/pause.png")),
+      Minimize(QStringLiteral(":/pictures/minimize.png")),
+      Close(QStringLiteral(":/pictures/close.png"))
+{}
+
+frmNoggle::frmNoggle(const Pictures &pictures) : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmNoggle"));
     setAttribute(Qt::WA_TranslucentBackground);
     setMinimumSize(620, 460);
-    MakeControls();
+    MakeControls(pictures);
     ConnectControls();
     modMain::Form = this;
     setWindowTitle(modMain::Word(TitleString));
@@ -127,7 +133,7 @@ frmNoggle::~frmNoggle()
     if (modMain::Form == this) modMain::Form = nullptr;
 }
 
-void frmNoggle::MakeControls()
+void frmNoggle::MakeControls(const Pictures &pictures)
 {
     picPrint = Named(new PictureBox(this), "picPrint");
     // Tab leads through them in this order: the strip at the top, the screen below it, the menu.
@@ -145,9 +151,9 @@ void frmNoggle::MakeControls()
     picClose = Named(new cTransPictureBox(this), "picClose");
     lblTime = Named(new cTransPictureBox(this), "lblTime");
 
-    picPause->SetPictureFile(QImage(QStringLiteral(":/pictures/pause.png")));
-    picMinimize->SetPictureFile(QImage(QStringLiteral(":/pictures/minimize.png")));
-    picClose->SetPictureFile(QImage(QStringLiteral(":/pictures/close.png")));
+    picPause->SetPictureFile(pictures.Pause);
+    picMinimize->SetPictureFile(pictures.Minimize);
+    picClose->SetPictureFile(pictures.Close);
     for (cTransPictureBox *box : {picPause, picMinimize, picClose}) box->SizeToPicture();
     lblTime->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged through it
     ctlGamePlaySummary1->hide();
@@ -193,8 +199,15 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
     SetSkin(modMain::CurrentSkin);
     show();
     activateWindow(); // where there is no window manager, nobody else gives it the keys
-    // While a person looks for their name; the first chart would keep them waiting else.
-    QTimer::singleShot(UntilCharts, this, [this] { ctlUserInfo1->PrepareChart(); });
+    QTimer::singleShot(UntilRest, this, &frmNoggle::MakeTheRest);
+}
+
+// While a person looks for their name; the first click on a screen would wait for it else.
+void frmNoggle::MakeTheRest()
+{
+    PlayerName1->MakeTextBoxes();
+    ctlGameInstructions1->MakeTextBoxes();
+    ctlUserInfo1->PrepareChart();
 }
 
 void frmNoggle::SetStrings()

@@ -39,7 +39,14 @@ class frmNoggle final : public QWidget, public MainForm
     Q_OBJECT
 
 public:
-    frmNoggle();
+    /// The window's own pictures. They can be read before the fonts are known, the window can't be made.
+    struct Pictures
+    {
+        Pictures();
+        QImage Pause, Minimize, Close;
+    };
+
+    explicit frmNoggle(const Pictures &pictures);
     ~frmNoggle() override;
 
     // ---- flow ----------------------------------------------------------------------------------------------------
@@ -90,7 +97,8 @@ protected:
 
 private:
     // flow
-    void MakeControls();
+    void MakeControls(const Pictures &pictures);
+    void MakeTheRest();
     void ConnectControls();
     void SetStrings();
     void ShowScreen(std::int32_t Code);

@@ -69,8 +69,9 @@ void MakeShellSounds()
 
 void OpenMainWindow()
 {
+    const frmNoggle::Pictures pictures;
     UseInterfaceFont(); // nothing before it writes, but the box that tells of a failure
-    MainWindow = std::make_unique<frmNoggle>();
+    MainWindow = std::make_unique<frmNoggle>(pictures);
     MainWindow->Init([] { Splash.reset(); });
 }
 

@@ -40,6 +40,7 @@ protected:
         auto *screen = new Shown(m_Area.get());
         m_Screen = screen;
         EXPECT_EQ(screen->size(), size);
+        screen->MakeTextBoxes();
         for (const Designed &row : table) Compare(row);
     }
     void Compare(const Designed &row)
@@ -64,6 +65,21 @@ protected:
     }
 };
 } // namespace
+
+TEST_F(Design, BoxesOfTextComeWithTheFirstShow)
+{
+    auto *strip = new PlayerName(m_Area.get());
+    auto *page = new ctlGameInstructions(m_Area.get());
+    strip->hide();
+    page->hide();
+    m_Area->show();
+    EXPECT_EQ(strip->findChild<QWidget *>(QStringLiteral("txtName")), nullptr);
+    EXPECT_EQ(page->findChild<QWidget *>(QStringLiteral("txtInstructions")), nullptr);
+    strip->show();
+    page->show();
+    EXPECT_TRUE(strip->findChild<QWidget *>(QStringLiteral("txtName"))->isVisible());
+    EXPECT_TRUE(page->findChild<QWidget *>(QStringLiteral("txtInstructions"))->isVisible());
+}
 
 TEST_F(Design, OfTheChoiceOfPlayer)
 {

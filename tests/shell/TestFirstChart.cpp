@@ -1,4 +1,4 @@
-// What the first chart needs is there before anybody asks for it. A program of its own: other tests show charts.
+// What the first click on a screen needs is there before anybody clicks. A program of its own: other tests show charts.
 #include "tests/shell/support/RunningProgram.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +21,8 @@ TEST(FirstChart, IsMadeReadyWhileAPersonLooksForTheirName)
     RunningProgram program;
     ASSERT_TRUE(program.Start());
     EXPECT_TRUE(RunningProgram::Until(&IsLoaded));
+    EXPECT_NE(program.Window().findChild<QWidget *>(QStringLiteral("txtName")), nullptr);
+    EXPECT_NE(program.Window().findChild<QWidget *>(QStringLiteral("txtInstructions")), nullptr);
     EXPECT_EQ(program.Window().Mode(), 0);
     EXPECT_TRUE(program.ComesToRest());
 }
