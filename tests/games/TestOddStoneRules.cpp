@@ -1,5 +1,5 @@
 #include "games/odd-stone/StoneRules.h"
-#include "tests/games/model/Model.h"
+#include "tests/games/model/Play.h"
 
 #include <cmath>
 #include <map>
@@ -8,9 +8,7 @@ namespace
 {
 constexpr int Items = 100000;
 constexpr int FirstOfTwoTraits = 5; // level
-constexpr double Limit = 60;        // [s]
-constexpr double RightTime = 0.4;   // [s] for which an answer is told
-constexpr double WrongTime = 1.5;
+constexpr Model::Clock Clock{60, 0.4, 1.5, true};
 
 /// A player as a few numbers; games/odd-stone/README.md says where they come from.
 struct ModelPlayer
@@ -26,29 +24,11 @@ constexpr ModelPlayer Learner{0.65, 0.012, 0.030, 0.085, 1.25, 0.08};
 constexpr ModelPlayer Good{0.45, 0.006, 0.015, 0.046, 0.95, 0.03};
 constexpr ModelPlayer Expert{0.35, 0.003, 0.008, 0.030, 0.75, 0.01};
 
-ModelPlayer Skilled(double skill)
-{
-    const ModelPlayer &low = skill < 1 ? Learner : Good;
-    const ModelPlayer &high = skill < 1 ? Good : Expert;
-    const double part = skill < 1 ? skill : skill - 1;
-    const auto between = [&](double ModelPlayer::*what) { return std::lerp(low.*what, high.*what, part); };
-    return {between(&ModelPlayer::see), between(&ModelPlayer::one),   between(&ModelPlayer::close),
-            between(&ModelPlayer::two), between(&ModelPlayer::point), between(&ModelPlayer::slip)};
-}
-
 template <typename Decide>
-Model::Session Play(int level, std::uint32_t seed, Decide &&decide)
+Model::Session Play(int level, std::uint32_t seed, Decide decide)
 {
-    StoneRules rules(level, seed);
     SeededRandom chance(seed + 1);
-    double time = 0;
-    for (; !rules.Set().Over(); rules.Next()) {
-        const auto [wait, stone] = decide(rules.Item(), chance);
-        time += wait;
-        if (time > Limit) break;
-        time += rules.Judge(stone) ? RightTime : WrongTime;
-    }
-    return {rules.Set().Points(), time};
+    return Model::Play(StoneRules(level, seed), Clock, [&](const StoneItem &item) { return decide(item, chance); });
 }
 
 int AnyBut(int stone, int count, SeededRandom &chance) { return (stone + chance.Between(1, count - 1)) % count; }
@@ -56,7 +36,7 @@ int AnyBut(int stone, int count, SeededRandom &chance) { return (stone + chance.
 double MedianOf(const ModelPlayer &player, int level)
 {
     const double slope = level >= FirstOfTwoTraits ? player.two : level > 2 ? player.close : player.one;
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [&](const StoneItem &item, SeededRandom &chance) {
             const int count = static_cast<int>(item.Stones.size());
             // a search ends anywhere between the first look and the last
@@ -73,7 +53,7 @@ constexpr double FastPress = 0.25; // [s]
 
 double MedianOfRandom(int level)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [](const StoneItem &item, SeededRandom &chance) {
             return std::pair(FastPress, chance.Between(0, static_cast<int>(item.Stones.size()) - 1));
         });
@@ -82,7 +62,7 @@ double MedianOfRandom(int level)
 
 double MedianOfAlways(int level, int stone)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [&](const StoneItem &, SeededRandom &) { return std::pair(FastPress, stone); });
     });
 }
@@ -197,7 +177,7 @@ TEST_P(EachLevel, IsBalancedAndMoreSkillNeverScoresLess)
     const int level = GetParam();
     std::vector<double> medians;
     for (const double skill : {0.0, 0.5, 1.0, 1.5, 2.0}) {
-        medians.push_back(MedianOf(Skilled(skill), level));
+        medians.push_back(MedianOf(Model::Skilled(Learner, Good, Expert, skill), level));
         EXPECT_GE(medians.back(), *std::ranges::max_element(medians) - Noise) << skill;
     }
     Model::ExpectBalanced(level,

@@ -1,5 +1,5 @@
 #include "games/punched-fold/FoldRules.h"
-#include "tests/games/model/Model.h"
+#include "tests/games/model/Play.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,6 @@
 #include <bit>
 #include <cmath>
 #include <cstdlib>
-#include <map>
 #include <numbers>
 #include <set>
 #include <span>
@@ -94,47 +93,17 @@ struct ModelPlayer
 constexpr ModelPlayer Good{2.0, 1.0, 0.5, 0.28, 0.97};
 constexpr ModelPlayer Expert{1.5, 0.7, 0.3, 0.20, 0.99};
 constexpr ModelPlayer Learner{3.2, 1.7, 0.9, 0.5, 0.90};
-constexpr double Limit = 105;                      // [s]
-constexpr double RightTime = 0.6, WrongTime = 3.2; // [s] for which an answer is told
+constexpr Model::Clock Clock{105, 0.6, 3.2, false};
 
-/// The items of a session: each player gets the same ones.
-const std::vector<FoldItem> &ItemsOf(int level, std::uint32_t seed)
+template <typename Act>
+Model::Session Play(int level, std::uint32_t seed, Act act)
 {
-    static std::map<std::pair<int, std::uint32_t>, std::vector<FoldItem>> sets;
-    auto &items = sets[{level, seed}];
-    if (!items.empty()) return items;
-    FoldRules rules(level, seed);
-    for (; !rules.Set().Over(); rules.Next()) {
-        items.push_back(rules.Item());
-        rules.Judge(0);
-    }
-    return items;
-}
-
-template <typename Answer>
-Model::Session Play(int level, std::uint32_t seed, Answer answer)
-{
-    static const auto empty = [] {
-        std::vector<Rounds> sets;
-        for (int i = 1; i <= FoldRules::Levels; ++i) sets.push_back(FoldRules(i, 0).Set());
-        return sets;
-    }();
-    Rounds set = empty.at(static_cast<std::size_t>(level - 1));
-    double time = 0;
-    for (const FoldItem &item : ItemsOf(level, seed)) {
-        const auto [choice, thought] = answer(item);
-        time += thought;
-        if (time > Limit) break;
-        const bool right = choice == item.Answer;
-        set.Add(right, right ? 1 : -FoldRules::Mistake);
-        if (!set.Over()) time += right ? RightTime : WrongTime;
-    }
-    return {set.Points(), time};
+    return Model::Play(Model::Kept<FoldRules, &FoldItem::Answer>(level, seed), Clock, act);
 }
 
 double MedianOf(const ModelPlayer &player, int level)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         SeededRandom chance(seed + 1);
         return Play(level, seed, [&](const FoldItem &item) {
             const auto folds = static_cast<double>(item.Folds.size());
@@ -142,7 +111,7 @@ double MedianOf(const ModelPlayer &player, int level)
             const double work =
                 player.see + folds * (player.fold + player.punch * static_cast<double>(item.Punches.size()));
             const bool right = chance.Between(1, 1000) <= 1000 * std::pow(player.right, folds);
-            return std::pair(right ? item.Answer : (item.Answer + 1) % FoldItem::Choices, work * swing + player.key);
+            return std::pair(work * swing + player.key, right ? item.Answer : (item.Answer + 1) % FoldItem::Choices);
         });
     });
 }
@@ -151,12 +120,12 @@ double MedianOf(const ModelPlayer &player, int level)
 template <typename Likes>
 double MedianByLooks(int level, Likes likes)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [&](const FoldItem &item) {
             int best = 0;
             for (int sheet = 1; sheet < FoldItem::Choices; ++sheet)
                 if (likes(item, sheet) > likes(item, best)) best = sheet;
-            return std::pair(best, 1.0);
+            return std::pair(1.0, best);
         });
     });
 }
@@ -190,13 +159,6 @@ int Symmetry(const FoldItem &item, int sheet)
         }
     }
     return *std::max_element(same.begin(), same.end());
-}
-
-ModelPlayer Between(const ModelPlayer &one, const ModelPlayer &other, double way)
-{
-    const auto mix = [way](double a, double b) { return a + (b - a) * way; };
-    return {mix(one.see, other.see), mix(one.fold, other.fold), mix(one.punch, other.punch), mix(one.key, other.key),
-            mix(one.right, other.right)};
 }
 } // namespace
 
@@ -328,17 +290,29 @@ TEST_P(FoldLevel, IsBalanced)
 {
     const int level = GetParam();
     Model::Row made{};
-    made.Random = Model::Median(Limit, [&](std::uint32_t seed) {
+    made.Random = Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         SeededRandom guess(seed + 1);
-        return Play(level, seed, [&](const FoldItem &) { return std::pair(guess.Between(0, 4), 0.25); });
+        return Play(level, seed, [&](const FoldItem &) { return std::pair(0.25, guess.Between(0, 4)); });
     });
-    made.Always = Model::Median(Limit, [&](std::uint32_t seed) {
-        return Play(level, seed, [](const FoldItem &) { return std::pair(2, 0.25); });
+    made.Always = Model::Median(Clock.Limit, [&](std::uint32_t seed) {
+        return Play(level, seed, [](const FoldItem &) { return std::pair(0.25, 2); });
     });
     made.Learner = MedianOf(Learner, level);
     made.Good = MedianOf(Good, level);
     made.Expert = MedianOf(Expert, level);
     Model::ExpectBalanced(level, made);
+}
+
+TEST_P(FoldLevel, KeptItemsEarnWhatTheRulesGiveForThem)
+{
+    const auto everyThirdWrong = [number = 0](const FoldItem &item) mutable {
+        return std::pair(1.0, (item.Answer + (++number % 3 == 0 ? 1 : 0)) % FoldItem::Choices);
+    };
+    const Model::Session played = Model::Play(FoldRules(GetParam(), 3), Clock, everyThirdWrong);
+    const Model::Session kept = Play(GetParam(), 3, everyThirdWrong);
+    EXPECT_GT(played.Points, 0);
+    EXPECT_EQ(kept.Points, played.Points);
+    EXPECT_EQ(kept.Time, played.Time);
 }
 
 TEST_P(FoldLevel, ChoosingByLooksAloneDoesNotPay)
@@ -352,14 +326,9 @@ TEST_P(FoldLevel, ChoosingByLooksAloneDoesNotPay)
 
 TEST_P(FoldLevel, MoreSkillNeverScoresLess)
 {
-    double before = 0;
-    for (int skill = 0; skill <= 4; ++skill) {
-        const ModelPlayer player =
-            skill <= 2 ? Between(Learner, Good, skill / 2.0) : Between(Good, Expert, (skill - 2) / 2.0);
-        const double now = MedianOf(player, GetParam());
-        EXPECT_GE(now, before) << "skill " << skill;
-        before = now;
-    }
+    Model::ExpectSkillPays({0, 0.5, 1, 1.5, 2}, [](double skill) {
+        return MedianOf(Model::Skilled(Learner, Good, Expert, skill), GetParam());
+    });
 }
 
 TEST(FoldRules, LevelsBeyondTheEndsPlayAsTheNearest)

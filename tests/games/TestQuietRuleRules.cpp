@@ -1,5 +1,5 @@
 #include "games/quiet-rule/QuietRules.h"
-#include "tests/games/model/Model.h"
+#include "tests/games/model/Play.h"
 
 #include <gtest/gtest.h>
 
@@ -257,19 +257,14 @@ TEST_P(QuietRuleLevel, SortingWithoutListeningEarnsAlmostNothing)
     EXPECT_LE(oneTrait, 35);
 }
 
-TEST_P(QuietRuleLevel, MoreSkillNeverScoresLess)
+TEST_P(QuietRuleLevel, MoreSkillNeverScoresLess) // from the learner to beyond the expert
 {
-    double before = 0;
-    for (int step = 0; step <= 6; ++step) { // from the learner to beyond the expert
-        const double skill = step / 5.0;
-        const auto between = [&](double from, double to) { return std::max(0.0, from + (to - from) * skill); };
-        const ModelPlayer player{between(Learner.glance, Expert.glance), between(Learner.thought, Expert.thought),
-                                 between(Learner.key, Expert.key),       between(Learner.slip, Expert.slip),
-                                 between(Learner.stick, Expert.stick),   between(Learner.find, Expert.find)};
-        const double median = MedianOf(player, GetParam());
-        EXPECT_GE(median, before) << "step " << step;
-        before = median;
-    }
+    Model::ExpectSkillPays({0, 0.2, 0.4, 0.6, 0.8, 1, 1.2}, [](double skill) {
+        ModelPlayer player = Model::Between(Learner, Expert, skill);
+        player.slip = std::max(0.0, player.slip);
+        player.stick = std::max(0.0, player.stick);
+        return MedianOf(player, GetParam());
+    });
 }
 
 TEST(QuietRule, LevelsBeyondTheEndsPlayAsTheNearest)

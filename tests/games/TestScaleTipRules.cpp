@@ -1,5 +1,5 @@
 #include "games/scale-tip/ScaleRules.h"
-#include "tests/games/model/Model.h"
+#include "tests/games/model/Play.h"
 
 #include <array>
 #include <cmath>
@@ -10,9 +10,7 @@
 namespace
 {
 constexpr int Items = 100000;
-constexpr double Limit = 45;      // [s]
-constexpr double RightTime = 0.5; // [s] for which an answer is told
-constexpr double WrongTime = 1.5;
+constexpr Model::Clock Clock{45, 0.5, 1.5, true};
 
 /// A player as a few numbers; games/scale-tip/README.md says where they come from. Skill runs from 0, a learner, over
 /// 1, a good player, to 2, an expert.
@@ -30,17 +28,6 @@ constexpr ModelPlayer Learner{0.75, 0.75, 0.24, 1.3, 0.11, 4.4, 5.6, 0.22, 0.28}
 constexpr ModelPlayer Good{0.55, 0.55, 0.15, 0.75, 0.05, 2.6, 3.4, 0.09, 0.14};
 constexpr ModelPlayer Expert{0.45, 0.4, 0.105, 0.5, 0.02, 1.7, 2.4, 0.03, 0.05};
 constexpr double LaterSteps = 1.4; // of the first step's time, in a sum
-
-ModelPlayer Skilled(double skill)
-{
-    const ModelPlayer &low = skill < 1 ? Learner : Good;
-    const ModelPlayer &high = skill < 1 ? Good : Expert;
-    const double part = skill < 1 ? skill : skill - 1;
-    const auto between = [&](double ModelPlayer::*what) { return std::lerp(low.*what, high.*what, part); };
-    return {between(&ModelPlayer::see),  between(&ModelPlayer::distance), between(&ModelPlayer::weber),
-            between(&ModelPlayer::fact), between(&ModelPlayer::slip),     between(&ModelPlayer::easy),
-            between(&ModelPlayer::hard), between(&ModelPlayer::missEasy), between(&ModelPlayer::missHard)};
-}
 
 double WorkOf(const ScaleSide &sum, double fact)
 {
@@ -73,25 +60,16 @@ Act ActOn(const ScaleItem &item, const ModelPlayer &player, int level)
     return level < 8 ? Act{player.easy, 1 - player.missEasy} : Act{player.hard, 1 - player.missHard};
 }
 
-/// Press decides the side, for a moment's wait before it: [s].
 template <typename Decide>
-Model::Session Play(int level, std::uint32_t seed, Decide &&decide)
+Model::Session Play(int level, std::uint32_t seed, Decide decide)
 {
-    ScaleRules rules(level, seed);
     SeededRandom chance(seed + 1);
-    double time = 0;
-    for (; !rules.Set().Over(); rules.Next()) {
-        const auto [wait, side] = decide(rules.Item(), chance);
-        time += wait;
-        if (time > Limit) break;
-        time += rules.Judge(side) ? RightTime : WrongTime;
-    }
-    return {rules.Set().Points(), time};
+    return Model::Play(ScaleRules(level, seed), Clock, [&](const ScaleItem &item) { return decide(item, chance); });
 }
 
 double MedianOf(const ModelPlayer &player, int level)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [&](const ScaleItem &item, SeededRandom &chance) {
             const Act act = ActOn(item, player, level);
             const double swing = 0.7 + 0.6 * chance.Between(0, 1000) / 1000.0;
@@ -105,7 +83,7 @@ constexpr double FastPress = 0.25; // [s]
 
 double MedianOfRandom(int level)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [](const ScaleItem &, SeededRandom &chance) {
             return std::pair(FastPress, chance.Between(0, 1));
         });
@@ -114,7 +92,7 @@ double MedianOfRandom(int level)
 
 double MedianOfAlways(int level, int side)
 {
-    return Model::Median(Limit, [&](std::uint32_t seed) {
+    return Model::Median(Clock.Limit, [&](std::uint32_t seed) {
         return Play(level, seed, [&](const ScaleItem &, SeededRandom &) { return std::pair(FastPress, side); });
     });
 }
@@ -274,12 +252,10 @@ TEST_P(EachLevel, IsBalanced)
 TEST_P(EachLevel, MoreSkillNeverScoresLess)
 {
     constexpr double Noise = 3; // of a median of 1,001
-    double before = 0;
-    for (const double skill : {0.0, 0.4, 0.8, 1.2, 1.6, 2.0}) {
-        const double median = MedianOf(Skilled(skill), GetParam());
-        EXPECT_GE(median, before - Noise) << skill;
-        before = std::max(before, median);
-    }
+    const auto medianOf = [](double skill) {
+        return MedianOf(Model::Skilled(Learner, Good, Expert, skill), GetParam());
+    };
+    Model::ExpectSkillPays({0, 0.4, 0.8, 1.2, 1.6, 2}, medianOf, Noise);
 }
 
 TEST(ScaleTipRules, LevelsBeyondTheEndsPlayAsTheNearest)
