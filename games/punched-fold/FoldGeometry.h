@@ -36,6 +36,11 @@ class Outline
 public:
     static constexpr int Side = 16;
     static Outline Sheet();
+    /// Inside the whole sheet, not on its edge.
+    static bool IsOnSheet(const FoldPoint &Point)
+    {
+        return Point.x > 0 && Point.x < Side && Point.y > 0 && Point.y < Side;
+    }
 
     int Corners() const { return m_Count; }
     const FoldPoint &operator[](int Corner) const { return m_Corners[static_cast<std::size_t>(Corner)]; }

@@ -122,18 +122,19 @@ bool FoldRules::Punch()
         }
         if (static_cast<int>(m_Item.Punches.size()) != count) return false;
         const auto open = Open({});
-        if (open && std::popcount(*open) <= MostHoles && EveryFoldCounts()) return true;
+        if (!open || std::popcount(*open) > MostHoles) continue;
+        m_Opened = *open;
+        if (EveryFoldCounts()) return true;
     }
     return false;
 }
 
 bool FoldRules::EveryFoldCounts() const
 {
-    const auto right = Open({});
     for (std::size_t i = 0; i < m_Item.Folds.size(); ++i) {
         Reading forgotten;
         forgotten.folds[i] = Unfolding::Forgotten;
-        if (Open(forgotten) == right) return false;
+        if (Open(forgotten) == m_Opened) return false;
     }
     return true;
 }
@@ -159,7 +160,7 @@ std::optional<std::uint64_t> FoldRules::Open(const Reading &reading) const
             const auto hole = Opened(holes[i], fold, how);
             if (!hole) return {};
             if (how != Unfolding::Right) { // who errs does not see where the paper ends, only where the sheet does
-                if (Outline::Sheet().Holds(*hole) <= 0 || count == Most) return {};
+                if (!Outline::IsOnSheet(*hole) || count == Most) return {};
                 holes[count++] = *hole;
                 continue;
             }
@@ -205,15 +206,16 @@ bool FoldRules::Offer()
 {
     constexpr int Tries = 12;
     for (int i = 0; i < Tries; ++i) {
-        std::vector<std::uint64_t> sheets{*Open({})};
-        const std::uint64_t right = sheets.front();
+        std::vector<std::uint64_t> sheets;
+        sheets.reserve(FoldItem::Choices);
+        sheets.push_back(m_Opened);
         const auto one = AddMistaken(sheets, {{}});
         const auto other = one ? AddMistaken(sheets, {{}}) : std::nullopt;
         if (!other || !Add(sheets, Both(*one, *other))) continue;
         if (!AddMistaken(sheets, {{}, *one, *other, Both(*one, *other)})) continue;
         m_Random.Shuffle(sheets);
         std::copy(sheets.begin(), sheets.end(), m_Item.Sheets.begin());
-        m_Item.Answer = static_cast<int>(std::find(sheets.begin(), sheets.end(), right) - sheets.begin());
+        m_Item.Answer = static_cast<int>(std::find(sheets.begin(), sheets.end(), m_Opened) - sheets.begin());
         return true;
     }
     return false;

@@ -72,5 +72,6 @@ private:
         FoldPoint ends;
     };
     std::vector<Stage> m_Stages;
-    Outline m_Folded; // the paper that is punched
+    Outline m_Folded;           // the paper that is punched
+    std::uint64_t m_Opened = 0; // the sheet as the punches leave it
 };
