@@ -1,5 +1,6 @@
 // The main window takes a skin: outline, layout, background, and what a running game sees of it.
 #include "tests/shell/support/FaceTest.h"
+#include "tests/support/RecordingFramework.h"
 
 #include "platform/Colour.h"
 #include "platform/RuntimeError.h"
@@ -24,6 +25,9 @@
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
+
+#include <memory>
+#include <utility>
 
 #include <unistd.h>
 
@@ -71,6 +75,20 @@ protected:
     QRegion Outline() const { return Window().mask(); }
 };
 
+/// Keeps the screens in the order in which they take the skin: each has buttons that ask for its pictures.
+class SkinnedScreens : public RecordingFramework
+{
+public:
+    QStringList Order;
+    void SkinButton(QObject *But, const QString &) override
+    {
+        const QObject *screen = But;
+        while (screen->parent() != nullptr && screen->parent()->objectName() != u"picPrint")
+            screen = screen->parent();
+        if (Order.isEmpty() || Order.last() != screen->objectName()) Order << screen->objectName();
+    }
+};
+
 class UrlCatcher : public QObject
 {
     Q_OBJECT
@@ -97,6 +115,20 @@ TEST_F(SkinChange, MovesTheWindowBackToTheMiddleOfTheWholeScreen)
     ChangeTo(QStringLiteral("Blue"));
     EXPECT_EQ(Window().size(), Large) << "a larger skin after a smaller one";
     EXPECT_EQ(Outline().boundingRect(), QRect(QPoint(0, 0), Large).adjusted(10, 10, -10, -10));
+}
+
+TEST_F(SkinChange, GoesThroughTheScreensInOneOrder)
+{
+    GivenColour(QStringLiteral("Blue"), Blue);
+    StartWith(QStringLiteral("Blue"));
+    Program.NewPlayer(QStringLiteral("Ann"));
+    const auto screens = std::make_shared<SkinnedScreens>();
+    const auto before = std::exchange(modMain::Framework, screens);
+    Window().SetSkin(modMain::CurrentSkin);
+    modMain::Framework = before;
+    EXPECT_EQ(screens->Order.join(u' ').toStdString(),
+              "ctlWorkOut1 " // by the layout, before the background is new
+              "ctlGameInstructions1 ctlGameList1 ctlPlayerlist1 ctlUserInfo1 PlayerName1 ctlWorkOut1");
 }
 
 TEST_F(SkinChange, WhileAGameRunsTellsItOnceAfterThePlaceAndTheBackgroundAreNew)
