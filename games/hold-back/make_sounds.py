@@ -5,7 +5,7 @@ import sys
 
 HOME = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HOME.parent))
-from bells import mixed, note, write
+from bells import KEY, LOUDNESS, mixed, note, write
 
 BLOCK = ((1, 1.0, 1.0), (2.7, 0.5, 2.2), (5.1, 0.25, 4.0))  # a block of hard wood: its partials are no octaves
 GLASS = ((1, 1.0, 1.0), (3, 0.3, 1.6))
@@ -23,4 +23,4 @@ SOUNDS = {
                   (0.2, note(1319, 0.7, 0.26, 5, GLASS))),
 }
 for name, samples in SOUNDS.items():
-    write(HOME / "sounds", name, samples)
+    write(HOME / "sounds", name, samples, {"tap": KEY, "held": LOUDNESS["right"]}.get(name))

@@ -5,7 +5,7 @@ import sys
 
 HOME = pathlib.Path(__file__).resolve().parent
 sys.path.insert(0, str(HOME.parent))
-from bells import mixed, note, write
+from bells import STEP, mixed, note, write
 
 SCALE = [392.0, 440.0, 523.3, 587.3, 659.3, 784.0, 880.0]  # five tones to the octave: any order sounds well
 WOOD = ((1, 1.0, 1.0), (2, 0.35, 1.8), (4, 0.12, 3.5))  # a plucked string of soft wood
@@ -23,4 +23,4 @@ SOUNDS = {
 for step, pitch in enumerate(SCALE):
     SOUNDS[f"note{step}"] = mixed((0, string(pitch, 0.45, 0.4, 8)))
 for name, samples in SOUNDS.items():
-    write(HOME / "sounds", name, samples)
+    write(HOME / "sounds", name, samples, STEP if name.startswith("note") else None)
