@@ -18,16 +18,6 @@ QString Element(const char *Name, std::size_t Index)
     return QStringLiteral("%1(%2)").arg(QLatin1String(Name)).arg(Index);
 }
 
-QString ScrollBarLook()
-{
-    return QStringLiteral(
-        "QScrollBar:vertical { background: rgba(0, 0, 0, 20); width: 10px; margin: 0; border-radius: 5px; }"
-        "QScrollBar::handle:vertical { background: rgba(20, 60, 55, 150); min-height: 24px; border-radius: 5px; }"
-        "QScrollBar::handle:vertical:hover { background: rgba(20, 60, 55, 210); }"
-        "QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical { height: 0; }"
-        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical { background: none; }");
-}
-
 void SetTabOrder(const QList<QWidget *> &Controls)
 {
     for (qsizetype i = 1; i < Controls.size(); ++i) QWidget::setTabOrder(Controls[i - 1], Controls[i]);

@@ -18,8 +18,6 @@ void SetLeft(QWidget *Control, int Left);
 void Centre(QWidget *Control, int Width);
 /// The name of an element of a control array: "butPlay(0)".
 QString Element(const char *Name, std::size_t Index);
-/// The style of a thin scroll bar that does not shout.
-QString ScrollBarLook();
 /// Makes the keys walk through the controls in this order.
 void SetTabOrder(const QList<QWidget *> &Controls);
 /// Makes the keys walk to Control where they would come to Before, a label, if it took the focus.

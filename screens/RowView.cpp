@@ -1,6 +1,6 @@
 #include "screens/RowView.h"
 
-#include "screens/Design.h"
+#include "sdk/controls/Look.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -45,7 +45,7 @@ void RowView::SetWindow(const QRect &Window)
 void RowView::MakeBar()
 {
     m_Bar = new QScrollBar(this);
-    m_Bar->setStyleSheet(ScrollBarLook());
+    m_Bar->setStyleSheet(Look::ScrollBars());
     m_Bar->setSingleStep(RowStep);
     connect(m_Bar, &QScrollBar::valueChanged, this, [this] { PlaceSheet(); });
 }

@@ -7,6 +7,7 @@
 #include "platform/Units.h"
 #include "screens/Design.h"
 #include "sdk/controls/LarkButton.h"
+#include "sdk/controls/Look.h"
 #include "sdk/controls/cTransPictureBox.h"
 #include "shell/program/modMain.h"
 
@@ -96,7 +97,7 @@ void ctlGameInstructions::ShowInstructions(const std::shared_ptr<CGame> &Game)
     if (Game->TimeLimit != 0) time.replace(TimeMark, QString::number(Game->TimeLimit));
     lblTimeAllowed->SetCaption(time);
 
-    if (txtInstructions->styleSheet().isEmpty()) txtInstructions->setStyleSheet(BoxLook + ScrollBarLook());
+    if (txtInstructions->styleSheet().isEmpty()) txtInstructions->setStyleSheet(BoxLook + Look::ScrollBars());
     auto text = RichText::Load(InstructionsOf(*Game), font());
     text->setDocumentMargin(PageMargin);
     text->setParent(txtInstructions);

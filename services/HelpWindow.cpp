@@ -2,6 +2,7 @@
 
 #include "platform/Process.h"
 #include "platform/RuntimeError.h"
+#include "sdk/controls/Look.h"
 #include "services/HelpPage.h"
 
 #include <QApplication>
@@ -60,7 +61,7 @@ HelpWindow::HelpWindow()
       m_Page(new HelpPage(this))
 {
     setObjectName(QStringLiteral("frmHelp"));
-    setStyleSheet(Style);
+    setStyleSheet(Style + Look::ScrollBars());
     m_Search->setObjectName(QStringLiteral("txtSearch"));
     m_Search->setPlaceholderText(QStringLiteral("Search in this page"));
     m_Search->setAccessibleName(m_Search->placeholderText());

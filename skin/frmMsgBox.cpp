@@ -60,6 +60,7 @@ void MakeGroundShowThrough(QScrollArea &pane)
 {
     pane.setFrameShape(QFrame::NoFrame);
     pane.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    pane.verticalScrollBar()->setStyleSheet(Look::ScrollBars());
     pane.viewport()->setAutoFillBackground(false);
     QPalette palette = pane.palette();
     palette.setColor(QPalette::Window, Qt::transparent);

@@ -132,3 +132,13 @@ void Look::DrawFocus(QPainter &Painter, const QRectF &Place, double Radius)
     Painter.drawRoundedRect(Place.adjusted(3, 3, -3, -3), Radius, Radius);
     Painter.restore();
 }
+
+QString Look::ScrollBars()
+{
+    return QStringLiteral(
+        "QScrollBar:vertical { background: rgba(0, 0, 0, 20); width: 10px; margin: 0; border-radius: 5px; }"
+        "QScrollBar::handle:vertical { background: rgba(20, 60, 55, 150); min-height: 24px; border-radius: 5px; }"
+        "QScrollBar::handle:vertical:hover { background: rgba(20, 60, 55, 210); }"
+        "QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical { height: 0; }"
+        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical { background: none; }");
+}

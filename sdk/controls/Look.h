@@ -1,11 +1,12 @@
-// What the controls share in drawing: the key colour of pictures, pictures stretched to a control, and the focus
-// mark.
+// What the controls share in drawing: the key colour of pictures, pictures stretched to a control, the focus
+// mark, and the scroll bar.
 #pragma once
 
 #include <QColor>
 #include <QImage>
 #include <QRectF>
 #include <QSize>
+#include <QString>
 
 class QPainter;
 
@@ -23,4 +24,6 @@ QColor ReadableOn(const QImage &Keyed);
 bool KeysAreUsed();
 /// A mark that can be seen on every ground, since it is light and dark at once.
 void DrawFocus(QPainter &Painter, const QRectF &Place, double Radius);
+/// The style sheet of a thin upright scroll bar that does not shout.
+QString ScrollBars();
 } // namespace Look

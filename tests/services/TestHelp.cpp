@@ -391,6 +391,7 @@ TEST_F(Help, EveryPageFitsTheWindowsWidth)
     for (const auto &line : ChmFile(QStringLiteral(NOGGLE_HELP)).Contents()) {
         page->ShowPage(line.Page);
         EXPECT_EQ(page->horizontalScrollBar()->maximum(), 0) << line.Page.toStdString();
+        EXPECT_EQ(page->verticalScrollBar()->width(), 10) << "the bar of our screens, not the desktop's";
         Keep(("help-page-" + line.Page.mid(1).section(u'.', 0, 0).toUtf8()).constData());
     }
 }

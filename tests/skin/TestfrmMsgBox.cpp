@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -290,6 +291,7 @@ TEST_F(MsgBox, ALongMessageIsScrolledAndTheDialogStaysOnTheScreen)
         EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
         const auto *pane = box.findChild<QScrollArea *>();
         EXPECT_GT(Of<TransLabel>(box, "Label")->height(), pane->viewport()->height());
+        EXPECT_EQ(pane->verticalScrollBar()->width(), 10) << "the bar of our screens, not the desktop's";
         Keep(box, QStringLiteral("msgbox-plain-long"));
     });
     Ask(QStringLiteral("Short."), Exclamation, [&](frmMsgBox &box) {
