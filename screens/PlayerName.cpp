@@ -30,6 +30,7 @@ constexpr double TitleFont = 15.75, NameFont = 16;
 constexpr int NameRaised = 8;    // [px], so that the name stands on one line with its title
 constexpr int SmallestName = 12; // [px], what can still be read at arm's length
 constexpr int NameMargin = 4;    // [px], what the box keeps free on each side of its text
+constexpr int NameEdge = 2;      // [px], where the box begins its text
 constexpr std::int32_t YesAndNo = 4, Yes = 6, QuestionFont = 16;
 
 enum Words : std::int16_t { Title = 501, Edit = 502, Delete = 503, Save = 504, ReallyDelete = 505 };
@@ -48,6 +49,25 @@ protected:
         painter.setPen(QPen(QColor(0x8f, 0xb3, 0xa8), 1));
         painter.setBrush(Qt::white);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), FrameRadius, FrameRadius);
+    }
+};
+
+// A locked name that is too long even at its smallest ends in dots, as captions do, not in half a letter.
+class NameBox final : public QLineEdit
+{
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        const QRect place = rect().marginsRemoved(textMargins()).adjusted(NameEdge, 0, -NameEdge, 0);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
+        if (!isReadOnly() || hasSelectedText() || shown == text()) return QLineEdit::paintEvent(event);
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().base());
+        painter.setPen(palette().text().color());
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
 };
 
@@ -102,7 +122,7 @@ void PlayerName::MakeControls()
 
 void PlayerName::MakeBoxes()
 {
-    txtName = Put<QLineEdit>(picDetails, QStringLiteral("txtName"), FromTwips(1770, 75, 2355, 495));
+    txtName = Put<NameBox>(picDetails, QStringLiteral("txtName"), FromTwips(1770, 75, 2355, 495));
     txtName->stackUnder(cmdUpdate); // which covers its last pixels
     SetTabPlace(lblTitle, txtName);
     StyleName(txtName);

@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 
+#include <algorithm>
+
 namespace
 {
 QString S(const char *text) { return QString::fromUtf8(text); }
@@ -329,6 +331,22 @@ TEST_F(NameStrip, APlayerDeletedWhileTheNameIsEditedIsNotWrittenAgain)
     m_Framework->NextAnswer = 6;
     Click(S("cmdDelete"));
     EXPECT_EQ(m_Store.Ask(S("SELECT COUNT(*) FROM Player")), S("0"));
+}
+
+TEST_F(NameStrip, ANameThatIsTooLongEndsInDots)
+{
+    Show(S("M").repeated(40));
+    const QImage box = m_Name->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    // The last pixels on the right hold dots: something on the line of the letters, nothing in their upper half.
+    const int middle = (m_Name->height() - m_Name->textMargins().bottom()) / 2;
+    const auto darkest = [&](int top, int bottom) {
+        int value = 255;
+        for (int y = top; y < bottom; ++y)
+            for (int x = box.width() - 12; x < box.width(); ++x) value = std::min(value, qGray(box.pixel(x, y)));
+        return value;
+    };
+    EXPECT_GT(darkest(0, middle), 200);
+    EXPECT_LT(darkest(middle, box.height()), 100);
 }
 
 TEST_F(NameStrip, ALongNameIsWrittenSmaller)

@@ -33,6 +33,7 @@ TEST_F(ScreenWords, OfThePlayers)
     strip->ShowDetails();
     Click(S("cmdUpdate"));
     EXPECT_EQ(Says("cmdUpdate"), "Speichern");
+    Photograph(S("german-strip"));
     Click(S("cmdUpdate"));
     EXPECT_EQ(Says("cmdUpdate"), "Ändern");
     Click(S("cmdDelete"));
@@ -54,11 +55,13 @@ TEST_F(ScreenWords, OfTheWorkout)
     EXPECT_EQ(Says("butPlay(0)"), "Spielen");
     EXPECT_EQ(Says("butInstructions(0)"), "Anleitung");
     EXPECT_EQ(Says("lblPoints(1)"), "ein andermal");
+    Photograph(S("german-workout"));
     for (const char *game : {"Arrows", "Corners", "Echoes"}) Finish(QLatin1String(game), 50);
     screen.ListCats(false);
     EXPECT_EQ(Says("lblPoints(0)"), "Punkte: 50");
     EXPECT_EQ(Says("lblNextDue"), "Nächstes Training: 6-Mar-2026");
     EXPECT_EQ(Says("lblMessage"), "Gut gemacht! Du hast dein Training geschafft.");
+    Photograph(S("german-workout-done"));
 }
 
 TEST_F(ScreenWords, OfPractice)
@@ -87,6 +90,7 @@ TEST_F(ScreenWords, OfPractice)
     for (const QWidget *row : At(S("cLevels"))->findChildren<QWidget *>(QRegularExpression(S("^picNormal"))))
         levels << row->accessibleName();
     EXPECT_EQ(levels.join(u'|').toStdString(), "Stufe 1|Stufe 2");
+    Photograph(S("german-practice"));
 }
 
 TEST_F(ScreenWords, OfTheInstructionsAndTheStripBelowAGame)
@@ -98,7 +102,7 @@ TEST_F(ScreenWords, OfTheInstructionsAndTheStripBelowAGame)
     Game(S("Arrows"))->TimeLimit = 0;
     page.ShowInstructions(Game(S("Arrows")));
     EXPECT_EQ(Says("lblTimeAllowed"), "Ohne Zeitgrenze");
-
+    Photograph(S("german-instructions"));
     auto *strip = new ctlGamePlaySummary(m_Area.get());
     Open(strip);
     strip->SetComplete(40);
