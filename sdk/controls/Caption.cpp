@@ -95,6 +95,18 @@ int TopOf(const QRect &Place, int Height, Qt::Alignment Alignment)
     if (Alignment.testFlag(Qt::AlignBottom)) return Place.top() + Place.height() - Height;
     return Place.top() + (Place.height() - Height) / 2;
 }
+
+// In a place that is lower than a line, letters hang out below while there is air above. They are raised by as much
+// as the deepest of any text needs, so that texts side by side stay on one line, but no further than their own top
+// allows.
+int RaiseOf(const QRect &Place, int Top, int Height, const FittedText &Text)
+{
+    const QFontMetrics metrics(Text.Font);
+    const int depth = metrics.tightBoundingRect(QStringLiteral("gjpqy")).bottom() + 1;
+    const int below = Top + Height - metrics.descent() + depth - (Place.top() + Place.height());
+    const int air = Top + metrics.ascent() + metrics.tightBoundingRect(Text.Lines.first()).top() - Place.top();
+    return std::max(0, std::min(below, air));
+}
 } // namespace
 
 QFont Caption::DesignFont(const QFont &Like, double Points, bool Bold)
@@ -114,7 +126,9 @@ void Caption::Draw(QPainter &Painter, const QRect &Place, const QString &Text, c
 
     const QFontMetrics metrics(fitted.Font);
     const int height = metrics.height() + static_cast<int>(fitted.Lines.size() - 1) * metrics.lineSpacing();
-    QRect line(Place.left(), TopOf(Place, height, Alignment), Place.width(), metrics.height());
+    int top = TopOf(Place, height, Alignment);
+    if (height > Place.height()) top -= RaiseOf(Place, top, height, fitted);
+    QRect line(Place.left(), top, Place.width(), metrics.height());
     const int flags = static_cast<int>((Alignment & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter) |
                       Qt::TextSingleLine | Qt::TextDontClip;
     Painter.save();

@@ -321,6 +321,22 @@ TEST(Label, WrapsWordsAndStaysInItsPlace)
     EXPECT_TRUE(QRect(0, 0, 100, 40).contains(Inked(Shot(label))));
 }
 
+TEST(Label, CutsNoLetterInAPlaceLowerThanALineAndKeepsItsNeighboursOnOneLine)
+{
+    TransLabel low, high;
+    for (TransLabel *label : {&low, &high}) label->SetFont(14.25, true); // 19 pixels
+    low.resize(200, 20);
+    high.resize(200, 40);
+    for (const char *text : {"Language", "gjpqy"}) {
+        for (TransLabel *label : {&low, &high}) label->SetCaption(S(text));
+        EXPECT_EQ(Inked(Shot(low)).height(), Inked(Shot(high)).height()) << text;
+    }
+    low.SetCaption(S("209"));
+    const int line = Inked(Shot(low)).bottom();
+    low.SetCaption(S("2g"));
+    EXPECT_EQ(Inked(Shot(low).copy(0, 0, 9, 20)).bottom(), line);
+}
+
 TEST(Label, TellsClicksInsideAndIsText)
 {
     TransLabel label;
