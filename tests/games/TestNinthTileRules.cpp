@@ -140,7 +140,7 @@ struct ModelPlayer
 constexpr ModelPlayer Learner{0.32, 3.6, 0.50, 0.88};
 constexpr ModelPlayer Good{0.23, 2.7, 0.28, 0.96};
 constexpr ModelPlayer Expert{0.18, 1.9, 0.20, 0.985};
-constexpr Model::Clock Clock{105, 0.9, 2.6, true};
+constexpr Model::Clock Clock{105, 0.9, 2.6};
 
 // How much harder a kind of rule is to find than one that is the same along its lines.
 double Weight(Kind kind)

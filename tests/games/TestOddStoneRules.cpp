@@ -8,7 +8,7 @@ namespace
 {
 constexpr int Items = 100000;
 constexpr int FirstOfTwoTraits = 5; // level
-constexpr Model::Clock Clock{60, 0.4, 1.5, true};
+constexpr Model::Clock Clock{60, 0.4, 1.5};
 
 /// A player as a few numbers; games/odd-stone/README.md says where they come from.
 struct ModelPlayer

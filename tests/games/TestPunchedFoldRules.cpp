@@ -98,7 +98,7 @@ struct ModelPlayer
 constexpr ModelPlayer Good{2.0, 1.0, 0.5, 0.28, 0.97};
 constexpr ModelPlayer Expert{1.5, 0.7, 0.3, 0.20, 0.99};
 constexpr ModelPlayer Learner{3.2, 1.7, 0.9, 0.5, 0.90};
-constexpr Model::Clock Clock{105, 0.6, 3.2, false};
+constexpr Model::Clock Clock{105, 0.6, 3.2};
 
 template <typename Act>
 Model::Session Play(int level, std::uint32_t seed, Act act)

@@ -10,7 +10,7 @@
 namespace
 {
 constexpr int Items = 100000;
-constexpr Model::Clock Clock{45, 0.5, 1.5, true};
+constexpr Model::Clock Clock{45, 0.5, 1.5};
 
 /// A player as a few numbers; games/scale-tip/README.md says where they come from. Skill runs from 0, a learner, over
 /// 1, a good player, to 2, an expert.

@@ -17,7 +17,7 @@ struct ModelPlayer
 constexpr ModelPlayer Good{1.0, 0.005, 0.0175, 0.28, 0.95, 0.92};
 constexpr ModelPlayer Expert{0.75, 0.003, 0.010, 0.20, 0.98, 0.97};
 constexpr ModelPlayer Learner{1.5, 0.009, 0.030, 0.5, 0.86, 0.82};
-constexpr Model::Clock Clock{60, 0.45, 2.6, false};
+constexpr Model::Clock Clock{60, 0.45, 2.6};
 
 template <typename Act>
 Model::Session Play(int level, std::uint32_t seed, Act act)

@@ -1,4 +1,5 @@
-// What the first click on a screen needs is there before anybody clicks. A program of its own: other tests show charts.
+// What the first click on a screen needs is there before anybody clicks. A program of its own, since other tests show
+// charts.
 #include "tests/shell/support/RunningProgram.h"
 
 #include <gtest/gtest.h>

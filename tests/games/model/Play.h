@@ -20,9 +20,7 @@ namespace Model
 struct Clock
 {
     double Limit;
-    double Right, Wrong; // for which an answer is told
-    /// Whether the answer that ends the session is told before the clock stops.
-    bool TellsTheLast;
+    double Right, Wrong; // for which an answer is told, but for the one that ends the session
 };
 
 /// Plays on until the set or the time is over. Act gives for an item the seconds until the answer, and the answer as
@@ -36,7 +34,7 @@ Session Play(Rules Game, const Clock &Clock, Act Acts)
         time += thought;
         if (time > Clock.Limit) break;
         const bool right = Game.Judge(answer);
-        if (Clock.TellsTheLast || !Game.Set().Over()) time += right ? Clock.Right : Clock.Wrong;
+        if (!Game.Set().Over()) time += right ? Clock.Right : Clock.Wrong;
     }
     return {Game.Set().Points(), time};
 }
