@@ -322,6 +322,21 @@ TEST_F(PanelFace, PersistedPropertiesHaveTheirDefaults)
     EXPECT_EQ(m_Panel.NewHeight(), 0);
 }
 
+TEST_F(PanelFace, FortyRowsHaveOneGroundOnADeliveredSkin)
+{
+    for (const char *name : {"Meadow", "Night"}) {
+        GivenDeliveredSkin(QLatin1String(name));
+        m_Panel.ClearButtons();
+        for (int row = 1; row <= 40; ++row) m_Panel.Add(QString::number(row), QString::number(row));
+        m_Panel.UpdateButtons();
+        const QImage panel = m_Panel.grab().toImage();
+        const QRgb first = panel.pixel(2, 2);
+        EXPECT_NE(first, qRgb(255, 255, 255)) << name;
+        EXPECT_EQ(panel.pixel(2, panel.height() - 2), first) << name;
+        EXPECT_EQ(panel.pixel(panel.width() - 2, panel.height() - 2), first) << name;
+    }
+}
+
 TEST_F(PanelFace, PicturesForPeople)
 {
     for (const char *name : {"Meadow", "Night", ""}) {
