@@ -259,10 +259,14 @@ void ChartPlot::FindKey()
     };
     // A font takes a millisecond to load: names are measured in the first and in the chosen one, and their size in
     // those between is taken for even.
-    for (QSizeF name = LargestName(); !layOut(name); name = LargestName()) do {
+    QSizeF name = LargestName();
+    while (!layOut(name)) {
+        do {
             m_Key.Font.setPointSizeF(m_Key.Font.pointSizeF() * Shrink);
             name *= Shrink;
         } while (!layOut(name));
+        name = LargestName();
+    }
     // Long names stand beside each other all the same, and lose their middle.
     const int wanted = std::max(m_Margins.top(), static_cast<int>(m_Chart.height() * WantedKeyShare));
     while (KeyHeight() + KeyLeading > wanted && m_Key.Columns < count &&
