@@ -48,25 +48,21 @@ bool FileExists(const QString &Path)
     return isThere;
 }
 
+// From the end, since most of a path is there as it is spelt: the folder is looked for first, then its entry.
 QString FindFile(const QString &Path)
 {
     if (QFileInfo::exists(Path)) return Path;
-    QString found = Path.startsWith(u'/') ? QStringLiteral("/") : QString();
-    const QStringList parts = Path.split(u'/', Qt::SkipEmptyParts);
-    for (qsizetype i = 0; i < parts.size(); ++i) {
-        QString name = parts[i];
-        if (!QFileInfo::exists(found + name)) {
-            const QStringList entries = SortedEntriesOf(found.isEmpty() ? QStringLiteral("./") : found);
-            const auto match = std::find_if(entries.begin(), entries.end(), [&](const QString &entry) {
-                return entry.compare(name, Qt::CaseInsensitive) == 0;
-            });
-            if (match == entries.end()) return Path;
-            name = *match;
-        }
-        found += name;
-        if (i + 1 < parts.size() || Path.endsWith(u'/')) found += u'/';
-    }
-    return found;
+    qsizetype end = Path.size();
+    while (end > 0 && Path[end - 1] == u'/') --end;
+    if (end == 0) return Path;
+    const qsizetype begin = Path.lastIndexOf(u'/', end - 1) + 1;
+    const QStringView name = QStringView(Path).sliced(begin, end - begin);
+    const QString folder = begin == 0 ? QString() : FindFile(Path.left(begin));
+    const QStringList entries = SortedEntriesOf(folder.isEmpty() ? QStringLiteral("./") : folder);
+    const auto match = std::find_if(entries.begin(), entries.end(), [&](const QString &entry) {
+        return entry.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return match == entries.end() ? Path : folder + *match + Path.sliced(end);
 }
 
 QStringList EntriesOf(const QString &Folder)

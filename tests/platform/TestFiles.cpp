@@ -91,6 +91,17 @@ TEST_F(Files, AFileIsFoundWithoutRegardToCase)
     EXPECT_EQ(FoundFor("skins/MEADOW/frame.gif"), u"Skins/Meadow/Frame.GIF");
     EXPECT_EQ(FoundFor("skins/meadow/"), u"Skins/Meadow/") << "a folder keeps its separator";
     EXPECT_EQ(FoundFor("skins/meadow"), u"Skins/Meadow");
+    EXPECT_EQ(FoundFor("Skins/meadow//frame.gif"), u"Skins/Meadow//Frame.GIF");
+}
+
+TEST_F(Files, ANameWithoutAFolderIsLookedForInTheWorkingFolder)
+{
+    Given("Frame.GIF");
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(m_Folder.Path());
+    EXPECT_EQ(FindFile(QStringLiteral("frame.gif")), u"Frame.GIF");
+    EXPECT_EQ(FindFile(QStringLiteral("none.gif")), u"none.gif");
+    QDir::setCurrent(before);
 }
 
 TEST_F(Files, TheExactNameWins)
