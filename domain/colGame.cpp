@@ -43,12 +43,12 @@ void colGame::LoadCategory()
 }
 
 // Two passes: the first brings what is new on disk into the store, so that the second finds every game at its place
-// by name.
+// by name. Where the first brought nothing, the second would find what it found.
 void colGame::LoadCatalogue()
 {
     m_Games.Clear();
     LoadGamesFromStore();
-    LoadUpdates();
+    if (!LoadUpdates()) return;
     Held(modMain::Categories).Load();
     m_Games.Clear();
     LoadGamesFromStore();

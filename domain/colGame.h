@@ -27,15 +27,16 @@ public:
     auto end() const { return m_Games.end(); }
 
     /// Replaces the list. The whole catalogue is read from the store and brought up to date from the game folders,
-    /// twice, so that new games stand at their place by name; all of it is one commit.
+    /// twice where they brought something, so that new games stand at their place by name; all of it is one commit.
     /// Failure: trapped, "Error loading Games."; the list stays as it stood. When it is the commit that fails, games
     /// that the store has no row of leave the list.
     void Load();
     /// The first game whose Name, as read, equals the argument, case counting; or empty.
     std::shared_ptr<CGame> GameByName(const QString &Name) const;
-    /// Walks the folders below the program's folder and writes what their "GameSettings.ini" say. Failure: passed on;
-    /// the scan stops at the folder that fails.
-    void LoadUpdates();
+    /// Walks the folders below the program's folder and writes what their "GameSettings.ini" say. Answer: true when
+    /// a game was new, or its component, limit or category other than in the list.
+    /// Failure: passed on; the scan stops at the folder that fails.
+    bool LoadUpdates();
 
 private:
     class NamesAsRead;
@@ -44,7 +45,7 @@ private:
     void LoadCatalogue();
     void KeepStoredGames();
     void LoadGamesFromStore();
-    void TakeFolder(const QString &Path, NamesAsRead &names);
+    bool TakeFolder(const QString &Path, NamesAsRead &names);
 
     RecordList<CGame> m_Games;
     std::int32_t m_Cat = 0;

@@ -12,6 +12,7 @@
 #include <QHash>
 
 #include <set>
+#include <tuple>
 
 namespace
 {
@@ -62,27 +63,33 @@ private:
     QHash<QString, std::set<std::int32_t>> m_Positions;
 };
 
-void colGame::LoadUpdates()
+bool colGame::LoadUpdates()
 {
     NamesAsRead names(*this);
     const QString folder = ProgramFolder();
-    for (const QString &entry : EntriesOf(folder)) TakeFolder(folder + entry + u'/', names);
+    bool isNews = false;
+    for (const QString &entry : EntriesOf(folder)) isNews |= TakeFolder(folder + entry + u'/', names);
+    return isNews;
 }
 
-// Every entry is tried, files too: below a file there is no settings file either.
-void colGame::TakeFolder(const QString &Path, NamesAsRead &names)
+// Every entry is tried, files too: below a file there is no settings file either. Answer: true when it brought
+// something that the list did not say before.
+bool colGame::TakeFolder(const QString &Path, NamesAsRead &names)
 {
     const QString settings = FindFile(Path + QStringLiteral("GameSettings.ini"));
-    if (!FileExists(settings)) return;
+    if (!FileExists(settings)) return false;
 
     const QString name = ReadIniString(QStringLiteral("config"), QStringLiteral("name"), {}, settings);
     const std::optional<std::int32_t> known = names.Find(name);
     const auto game = known ? ByPosition(*known) : std::make_shared<CGame>();
     if (!known) game->SetName(name);
+    const auto columns = [&game] { return std::tuple(game->ComponentName, game->TimeLimit, game->Category); };
+    const auto before = columns();
     TakeSettings(*game, Path, settings);
 
     const bool hadKey = game->Key != 0;
     game->Save();
     if (!hadKey) m_Games.Add(game, game->Key);
     names.Note(hadKey ? *known : Count());
+    return !hadKey || columns() != before;
 }

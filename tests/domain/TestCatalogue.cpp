@@ -289,6 +289,34 @@ TEST_F(Catalogue, OpensEachSettingsFileAtMostTwice)
     EXPECT_LE(times, 2);
 }
 
+TEST_F(Catalogue, IsWalkedThroughTwiceOnlyWhereTheDiskBringsNews)
+{
+    const auto walks = [this] {
+        int count = 0;
+        modMain::GetConnection().BeforeCall = [&count](const QString &sql) {
+            if (sql == u"select * from Game order by GameName") ++count;
+        };
+        Start();
+        modMain::GetConnection().BeforeCall = {};
+        return count;
+    };
+    GivenGame(QStringLiteral("1"), {"Zoo", "Memory"});
+    EXPECT_EQ(walks(), 2) << "a new game";
+    EXPECT_EQ(walks(), 1);
+    GivenGame(QStringLiteral("1"), {"Zoo", "Numbers"});
+    EXPECT_EQ(walks(), 2) << "another category";
+    GivenGame(QStringLiteral("1"), {"Zoo", "Numbers", "90"});
+    EXPECT_EQ(walks(), 2) << "another limit";
+    GivenGame(QStringLiteral("2"), {"Arrows", "Numbers"});
+    EXPECT_EQ(walks(), 2) << "a second game";
+    EXPECT_EQ(Names(*modMain::Games), u"Arrows Zoo");
+    EXPECT_EQ(walks(), 1);
+    EXPECT_EQ(Names(*modMain::Games), u"Arrows Zoo");
+    GivenGame(QStringLiteral("3"), {"Zoo", "Memory", "90"});
+    Start();
+    EXPECT_EQ(walks(), 2) << "two folders of one game that do not agree";
+}
+
 TEST_F(Catalogue, IsOneCommit)
 {
     for (int i = 0; i < 20; ++i)
