@@ -49,8 +49,10 @@ ALCdevice *OpenLoopbackDevice()
     return open != nullptr ? open(nullptr) : nullptr;
 }
 
-// No effect has a place in the room: without a filter for the head, stereo comes out as it was recorded.
-const std::vector<ALCint> RealAttributes{ALC_STEREO_SOURCES, SoundDevice::MaxEffects, ALC_HRTF_SOFT, ALC_FALSE, 0};
+// No effect has a place in the room: without a filter for the head, stereo comes out as it was recorded, and nothing
+// is sent to an echo, for which the library would keep room in each voice.
+const std::vector<ALCint> RealAttributes{
+    ALC_STEREO_SOURCES, SoundDevice::MaxEffects, ALC_HRTF_SOFT, ALC_FALSE, ALC_MAX_AUXILIARY_SENDS, 0, 0};
 // Floating samples are neither cut nor dithered; the limiter would look ahead and shape what is measured.
 const std::vector<ALCint> LoopbackAttributes{ALC_FORMAT_CHANNELS_SOFT,
                                              ALC_STEREO_SOFT,

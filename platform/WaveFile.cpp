@@ -26,43 +26,53 @@ constexpr qsizetype RiffHead = 12;  // [bytes] "RIFF", a size, "WAVE"
 /// to see the format first, do not concern us.
 struct Chunks
 {
-    std::optional<QByteArray> format;
-    std::optional<QByteArray> data;
+    std::optional<QByteArrayView> format;
+    std::optional<QByteArrayView> data;
 };
 
-Chunks FindChunks(const QByteArray &bytes)
+Chunks FindChunks(QByteArrayView bytes)
 {
-    if (bytes.size() < RiffHead || !bytes.startsWith("RIFF") || bytes.mid(8, 4) != "WAVE")
+    if (bytes.size() < RiffHead || !bytes.startsWith("RIFF") || bytes.sliced(8, 4) != "WAVE")
         Refuse(QStringLiteral("not a wave file"));
     Chunks found;
     for (qsizetype at = RiffHead; bytes.size() - at >= ChunkHead;) {
-        const QByteArray name = bytes.mid(at, 4);
-        const qsizetype told = qFromLittleEndian<quint32>(bytes.constData() + at + 4);
+        const QByteArrayView name = bytes.sliced(at, 4);
+        const qsizetype told = qFromLittleEndian<quint32>(bytes.data() + at + 4);
         const qsizetype size = std::min(told, bytes.size() - at - ChunkHead);
-        if (name == "fmt " && !found.format) found.format = bytes.mid(at + ChunkHead, size);
-        if (name == "data" && !found.data) found.data = bytes.mid(at + ChunkHead, size);
+        if (name == "fmt " && !found.format) found.format = bytes.sliced(at + ChunkHead, size);
+        if (name == "data" && !found.data) found.data = bytes.sliced(at + ChunkHead, size);
         at += ChunkHead + size + (size & 1);
     }
     return found;
 }
 
-void AppendChunk(QByteArray &to, const char *name, const QByteArray &content)
+void AppendHead(QByteArray &to, QByteArrayView name, qsizetype size)
 {
-    char size[4];
-    qToLittleEndian(static_cast<quint32>(content.size()), size);
-    to.append(name, 4).append(size, 4).append(content);
+    char told[4];
+    qToLittleEndian(static_cast<quint32>(size), told);
+    to.append(name).append(told, 4);
+}
+
+void AppendChunk(QByteArray &to, QByteArrayView name, QByteArrayView content)
+{
+    AppendHead(to, name, content.size());
+    to.append(content);
     if (content.size() & 1) to.append('\0');
 }
+
+qsizetype SizeOfChunk(QByteArrayView content) { return ChunkHead + content.size() + (content.size() & 1); }
 
 QByteArray PlainWave(const QByteArray &bytes)
 {
     const Chunks chunks = FindChunks(bytes);
     if (!chunks.format || !chunks.data) Refuse(QStringLiteral("no sound in it"));
-    QByteArray content("WAVE");
-    AppendChunk(content, "fmt ", *chunks.format);
-    AppendChunk(content, "data", *chunks.data);
+    const qsizetype size = RiffHead + SizeOfChunk(*chunks.format) + SizeOfChunk(*chunks.data);
     QByteArray plain;
-    AppendChunk(plain, "RIFF", content);
+    plain.reserve(size); // a sound of some length is copied once, not with each chunk
+    AppendHead(plain, "RIFF", size - ChunkHead);
+    plain.append("WAVE");
+    AppendChunk(plain, "fmt ", *chunks.format);
+    AppendChunk(plain, "data", *chunks.data);
     return plain;
 }
 
