@@ -10,6 +10,7 @@
 namespace
 {
 constexpr int LargestSide = 8192; // [px]
+constexpr int MostStrings = 4096; // codes have up to 12 bits
 
 struct Source
 {
@@ -94,21 +95,91 @@ bool IsReadable(const GifFileType &gif)
            gif.Image.Height <= LargestSide;
 }
 
-/// Reads all rows, into the picture as well where it is not empty.
-GifFrame TakeRows(GifFileType *gif, QImage picture)
+using Pixels = std::vector<GifPixelType>;
+
+// The strings that the codes of a frame stand for, and all pixels that they gave. Each string stands somewhere in
+// these already: the new string of a step is the one of the step before and the pixel behind it. (The library's own
+// way goes three times through each string, pixel by pixel, from its end.)
+class Strings
 {
-    const GifImageDesc &frame = gif->Image;
-    const Palette palette(frame.ColorMap != nullptr ? frame.ColorMap : gif->SColorMap);
-    bool isNamed = !picture.isNull(); // every colour so far
-    std::vector<GifPixelType> numbers(static_cast<std::size_t>(frame.Width));
-    for (const int row : RowsInOrder(frame.Height, frame.Interlace)) {
-        if (DGifGetLine(gif, numbers.data(), frame.Width) == GIF_ERROR) return {};
-        isNamed = isNamed && *std::max_element(numbers.begin(), numbers.end()) < palette.Count;
-        if (!isNamed) continue;
-        std::transform(numbers.begin(), numbers.end(), reinterpret_cast<QRgb *>(picture.scanLine(row)),
-                       [&](GifPixelType number) { return palette.Colours[number]; });
+public:
+    Strings(int clear, std::size_t pixels) : m_Clear(clear), m_Pixels(pixels) { Forget(); }
+    bool IsFull() const { return m_At == m_Pixels.size(); }
+    bool IsClear(int code) const { return code == m_Clear; }
+    void Forget() { m_Next = m_Clear + 2, m_Last = {}; }
+    /// Answer: false when there is no such string.
+    bool Append(int code)
+    {
+        if (m_Last.Length > 0 && m_Next < MostStrings)
+            m_Known[static_cast<std::size_t>(m_Next++)] = {m_Last.Start, m_Last.Length + 1};
+        if (code >= m_Next || code == m_Clear + 1) return false;
+        const std::size_t start = m_At;
+        if (code < m_Clear)
+            m_Pixels[m_At++] = static_cast<GifPixelType>(code);
+        else
+            Copy(m_Known[static_cast<std::size_t>(code)]);
+        m_Last = {start, m_At - start};
+        return true;
     }
-    return {true, isNamed ? picture : QImage()};
+    const Pixels &All() const { return m_Pixels; }
+
+private:
+    struct String
+    {
+        std::size_t Start = 0, Length = 0;
+    };
+    // The newest string may end in the pixel that is its own first.
+    void Copy(String string)
+    {
+        string.Length = std::min(string.Length, m_Pixels.size() - m_At);
+        const auto from = m_Pixels.begin() + static_cast<std::ptrdiff_t>(string.Start);
+        const auto to = m_Pixels.begin() + static_cast<std::ptrdiff_t>(m_At);
+        const auto last = static_cast<std::ptrdiff_t>(string.Length) - 1;
+        std::copy_n(from, last, to);
+        to[last] = from[last];
+        m_At += string.Length;
+    }
+
+    const int m_Clear;
+    Pixels m_Pixels;
+    std::size_t m_At = 0;
+    std::array<String, MostStrings> m_Known{};
+    int m_Next = 0;
+    String m_Last;
+};
+
+/// Of the whole frame, in the order of the file; empty where there are too few, or codes that mean nothing. CodeSize
+/// is that of a plain pixel, in bits.
+Pixels PixelsOf(GifFileType *gif, int CodeSize)
+{
+    if (CodeSize < 1 || CodeSize > 8) return {};
+    Strings strings(1 << CodeSize,
+                    static_cast<std::size_t>(gif->Image.Width) * static_cast<std::size_t>(gif->Image.Height));
+    while (!strings.IsFull()) {
+        int code = 0;
+        if (DGifGetLZCodes(gif, &code) == GIF_ERROR || code < 0) return {};
+        if (strings.IsClear(code))
+            strings.Forget();
+        else if (!strings.Append(code))
+            return {};
+    }
+    return strings.All();
+}
+
+/// The rows as the picture of the frame's colours; empty where a pixel's colour is not named.
+QImage InColours(const Pixels &pixels, const GifFileType &gif)
+{
+    const GifImageDesc &frame = gif.Image;
+    const Palette palette(frame.ColorMap != nullptr ? frame.ColorMap : gif.SColorMap);
+    if (*std::max_element(pixels.begin(), pixels.end()) >= palette.Count) return {};
+    QImage picture(frame.Width, frame.Height, QImage::Format_RGB32);
+    auto from = pixels.begin();
+    for (const int row : RowsInOrder(frame.Height, frame.Interlace)) {
+        std::transform(from, from + frame.Width, reinterpret_cast<QRgb *>(picture.scanLine(row)),
+                       [&](GifPixelType number) { return palette.Colours[number]; });
+        from += frame.Width;
+    }
+    return picture;
 }
 } // namespace
 
@@ -117,6 +188,8 @@ GifFrame FirstFrame(const QByteArray &Bytes)
     Source source{Bytes};
     const Reader gif(DGifOpen(&source, Feed, nullptr));
     if (!gif || !FindFrame(gif.get()) || !IsReadable(*gif)) return {};
-    return TakeRows(gif.get(),
-                    CoversScreen(*gif) ? QImage(gif->SWidth, gif->SHeight, QImage::Format_RGB32) : QImage());
+    // The library has just read the size of the codes, and keeps it to itself.
+    const Pixels pixels = PixelsOf(gif.get(), Bytes[source.At - 1]);
+    if (pixels.empty()) return {};
+    return {true, CoversScreen(*gif) ? InColours(pixels, *gif) : QImage()};
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/GifFrame.h"
+#include "platform/JpegPicture.h"
 #include "platform/RuntimeError.h"
 #include "platform/WholePicture.h"
 
@@ -74,7 +75,8 @@ QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
     const QByteArray format = FormatOf(Bytes);
     const GifFrame frame = format == "gif" ? FirstFrame(Bytes) : GifFrame{IsWholePicture(Bytes), {}};
     if (!frame.IsWhole) Fail(NameForErrors, QStringLiteral("the file is cut short"));
-    if (!frame.Picture.isNull()) return frame.Picture;
+    const QImage known = format == "jpeg" ? JpegPicture(Bytes) : frame.Picture;
+    if (!known.isNull()) return known;
     QBuffer buffer;
     buffer.setData(Bytes);
     buffer.open(QIODevice::ReadOnly);
@@ -87,6 +89,14 @@ QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
     const QImage picture = reader.read();
     if (picture.isNull()) Fail(NameForErrors, reader.errorString());
     return picture.convertToFormat(QImage::Format_RGB32);
+}
+
+// Named, the format is read by the toolkit itself; else it would load every reader there is, to ask each.
+QImage OwnPicture(const QString &Name)
+{
+    QImageReader reader(QStringLiteral(":/pictures/%1.png").arg(Name), "png");
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
 }
 
 QImage LoadPicture(const QString &Path)

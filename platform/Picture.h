@@ -12,6 +12,8 @@ QImage LoadPicture(const QString &Path);
 /// From the interface thread; a later call begins with what is left of the former one forgotten.
 void ReadPicturesAhead(const QStringList &Paths);
 QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors);
+/// One of the program's own ":/pictures/Name.png", with its soft edges. Empty when there is none.
+QImage OwnPicture(const QString &Name);
 
 /// The part of a picture under a place told in logical pixels, as large as the place; what lies outside the picture
 /// is black. A picture of a higher scale gives a part of that scale.

@@ -19,7 +19,7 @@ public:
         return high << 8 | Byte();
     }
     void Skip(qsizetype count) { m_At += count; }
-    bool Finds(const char *mark) const { return m_Bytes.indexOf(mark, m_At) >= 0; }
+    bool Finds(const char *mark) const { return m_Bytes.lastIndexOf(mark) >= m_At; } // it is the last, mostly
 
 private:
     const QByteArray &m_Bytes;

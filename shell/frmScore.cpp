@@ -1,5 +1,7 @@
 #include "shell/frmScore.h"
 
+#include "platform/Picture.h"
+
 #include "services/colSound.h"
 
 #include "shell/program/modMain.h"
@@ -95,7 +97,7 @@ void frmScore::PlaceControls()
         line.value->SetFont(points, true);
         top += LineHeight;
     }
-    QImage award(QStringLiteral(":/pictures/award.png"));
+    QImage award = OwnPicture(QStringLiteral("award"));
     award.setDevicePixelRatio(2); // drawn at twice its size, for screens of higher scales
     picStar->SetPictureFile(award);
     picStar->SizeToPicture();

@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 #include "platform/GifFrame.h"
+#include "platform/JpegPicture.h"
 #include "platform/Picture.h"
 #include "platform/RuntimeError.h"
 
@@ -9,7 +10,12 @@
 #include <QDirIterator>
 #include <QImageReader>
 
+#include <gif_lib.h>
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+#include <vector>
 
 namespace
 {
@@ -48,16 +54,48 @@ QByteArray Gif(int width, int height, const QByteArray &pixels)
 const QByteArray Pixels("\0\1\2\3\1\0", 6);
 QByteArray SmallGif() { return Gif(3, 2, Pixels); }
 
+QByteArray Saved(const QImage &image, const char *format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format, 90)) qFatal("no writer for %s", format);
+    return bytes;
+}
+
 // Stripes in some colours.
 QByteArray Saved(QSize size, const char *format)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(qRgb(40, 90, 160));
     for (int y = 0; y < size.height(); y += 3) image.setPixel(y % size.width(), y, qRgb(y % 256, 200, 7));
+    return Saved(image, format);
+}
+
+int TakeBytes(GifFileType *gif, const GifByteType *bytes, int count)
+{
+    static_cast<QByteArray *>(gif->UserData)->append(reinterpret_cast<const char *>(bytes), count);
+    return count;
+}
+
+// Written by the library, with strings as long as they get, in two to the Bits colours that are greys.
+QByteArray Packed(QSize size, int bits, const std::function<int(int x, int y)> &numberAt)
+{
     QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format, 90)) qFatal("no writer for %s", format);
+    GifFileType *const gif = EGifOpen(&bytes, TakeBytes, nullptr);
+    ColorMapObject *const map = GifMakeMapObject(1 << bits, nullptr);
+    for (int i = 0; i < 1 << bits; ++i)
+        map->Colors[i] = {static_cast<GifByteType>(i), static_cast<GifByteType>(i), static_cast<GifByteType>(i)};
+    EGifPutScreenDesc(gif, size.width(), size.height(), bits, 0, map);
+    EGifPutImageDesc(gif, 0, 0, size.width(), size.height(), false, nullptr);
+    std::vector<GifPixelType> row(static_cast<std::size_t>(size.width()));
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            row[static_cast<std::size_t>(x)] = static_cast<GifPixelType>(numberAt(x, y));
+        EGifPutLine(gif, row.data(), size.width());
+    }
+    EGifCloseFile(gif, nullptr);
+    GifFreeMapObject(map);
     return bytes;
 }
 
@@ -108,6 +146,58 @@ TEST(Picture, WhatFollowsTheFirstFrameOfAGifDoesNotMatter)
     const QImage picture = Read(SmallGif());
     EXPECT_EQ(Read(SmallGif() + "\r\nthe end"), picture);
     EXPECT_EQ(Read(SmallGif().chopped(1)), picture) << "no trailer";
+}
+
+// One colour gives the longest strings, noise fills the table of strings again and again.
+TEST(Picture, AGifOfAnyPatternIsReadAsItWasWritten)
+{
+    std::mt19937 chance(7);
+    const QList<std::function<int(int, int)>> patterns{
+        [](int, int) { return 1; },
+        [](int x, int y) { return x / 7 + y; },
+        [&](int, int) { return static_cast<int>(chance()); },
+        [&](int x, int) { return x % 50 < 40 ? 0 : static_cast<int>(chance()); },
+    };
+    for (const int bits : {1, 2, 4, 8})
+        for (const QSize size : {QSize(1, 1), QSize(2, 1), QSize(301, 203)})
+            for (const auto &pattern : patterns) {
+                QImage written(size, QImage::Format_RGB32);
+                const QByteArray gif = Packed(size, bits, [&](int x, int y) {
+                    const int number = pattern(x, y) & ((1 << bits) - 1);
+                    written.setPixel(x, y, qRgb(number, number, number));
+                    return number;
+                });
+                EXPECT_EQ(FirstFrame(gif).Picture, written)
+                    << bits << " bits, pattern " << &pattern - patterns.data() << ", " << size.width() << " wide";
+            }
+}
+
+TEST(Picture, ACodeThatStandsForNothingYetIsADamage)
+{
+    QByteArray gif = Gif(3, 2, Pixels);
+    const qsizetype data = gif.size() - 2 - Data(Pixels).size();
+    gif[data] = static_cast<char>((gif[data] & ~0x38) | 6 << 3); // the first pixel: a string of nothing
+    EXPECT_TRUE(Fails(gif));
+    gif[data] = static_cast<char>((gif[data] & ~0x38) | 5 << 3); // the end
+    EXPECT_TRUE(Fails(gif));
+}
+
+// Whatever is in the data: all pixels are there, or it is a failure.
+TEST(Picture, AGifWithAnyByteChangedIsReadOrFails)
+{
+    std::mt19937 chance(11);
+    const QByteArray whole =
+        Packed({64, 48}, 4, [&](int x, int) { return x % 9 < 6 ? 3 : static_cast<int>(chance() % 16); });
+    int read = 0;
+    for (qsizetype at = 13 + 48; at < whole.size(); ++at) {
+        QByteArray changed = whole;
+        changed[at] = static_cast<char>(chance());
+        const GifFrame frame = FirstFrame(changed);
+        EXPECT_TRUE(frame.IsWhole || frame.Picture.isNull()) << at;
+        if (frame.IsWhole) ++read;
+    }
+    EXPECT_GT(read, 0);
+    EXPECT_LT(read, whole.size());
 }
 
 TEST(Picture, AGifWithTooFewPixelsFails)
@@ -166,6 +256,29 @@ TEST(Picture, AJpegIsRead)
     const QImage picture = Read(SmallJpeg());
     EXPECT_EQ(picture.format(), QImage::Format_RGB32);
     EXPECT_EQ(picture.size(), QSize(40, 30));
+}
+
+// In colours, in greys, and with colours of half the resolution.
+TEST(Picture, AJpegIsReadAsTheUsualReaderReadsIt)
+{
+    const auto compare = [](const QByteArray &bytes, const char *what) {
+        const QImage picture = JpegPicture(bytes);
+        EXPECT_EQ(picture.format(), QImage::Format_RGB32) << what;
+        EXPECT_EQ(picture, QImage::fromData(bytes, "JPG").convertToFormat(QImage::Format_RGB32)) << what;
+    };
+    for (const char *name : {"splash", "logo"})
+        compare(ReadFile(QStringLiteral(NOGGLE_PICTURES "/%1.jpg").arg(QLatin1String(name))), name);
+    QImage drawn(61, 47, QImage::Format_RGB32);
+    for (int y = 0; y < drawn.height(); ++y)
+        for (int x = 0; x < drawn.width(); ++x) drawn.setPixel(x, y, qRgb(4 * x, 5 * y, x * y % 256));
+    compare(Saved(drawn, "JPG"), "half");
+    compare(Saved(drawn.convertToFormat(QImage::Format_Grayscale8), "JPG"), "grey");
+}
+
+TEST(Picture, WhatIsNoJpegIsLeftToTheOtherReaders)
+{
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("\xFF\xD8"), SmallGif(), Saved(QSize(4, 4), "PNG")})
+        EXPECT_TRUE(JpegPicture(bytes).isNull()) << bytes.left(4).toHex().toStdString();
 }
 
 TEST(Picture, AJpegCutAnywhereFails)
