@@ -4,9 +4,9 @@ set(NOGGLE_DIST ${CMAKE_BINARY_DIR}/dist)
 file(MAKE_DIRECTORY ${NOGGLE_DIST})
 add_custom_target(dist ALL)
 
-# Where programs look for the library that they load with their first chart: beside themselves, or, as tests, here.
+# Where tests and benches look for the library that they load with their first chart.
 # The old kind of run path: the sanitizers load libraries in the program's stead, and the new kind is no help to them.
-set(CMAKE_BUILD_RPATH "$ORIGIN" ${NOGGLE_DIST})
+set(CMAKE_BUILD_RPATH ${NOGGLE_DIST})
 add_link_options(LINKER:--disable-new-dtags)
 
 # noggle_dist_file(SOURCE PATH-IN-DIST): copied whenever the source is newer. The name of a helper target

@@ -1,17 +1,28 @@
 #include "platform/ChartSurface.h"
 #include "platform/RuntimeError.h"
 
+#include <QCoreApplication>
+#include <QFile>
+
 #include <dlfcn.h>
 
 namespace
 {
 using Make = ChartSurface *(*)(LarkChart *);
 
-// Looked for where the program's run path leads, which is its own folder. It stays loaded: its surfaces live as long
-// as the windows do.
+// Beside the program, or, for programs of other folders, where their run path leads. The program itself has none: the
+// loader would look for every library of a start in it.
+void *Library()
+{
+    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/chart.so");
+    void *const library = dlopen(QFile::encodeName(beside).constData(), RTLD_NOW | RTLD_LOCAL);
+    return library != nullptr ? library : dlopen("chart.so", RTLD_NOW | RTLD_LOCAL);
+}
+
+// It stays loaded: its surfaces live as long as the windows do.
 Make LoadedMaker()
 {
-    void *const library = dlopen("chart.so", RTLD_NOW | RTLD_LOCAL);
+    void *const library = Library();
     void *const make = library != nullptr ? dlsym(library, "MakeChartPlot") : nullptr;
     if (make == nullptr) {
         const QString reason = QString::fromLocal8Bit(dlerror());
