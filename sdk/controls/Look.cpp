@@ -68,9 +68,9 @@ QImage Look::WithoutKeyColour(const QImage &Picture)
     QImage keyed = Picture.convertToFormat(QImage::Format_ARGB32);
     const QRgb key = keyed.pixel(0, 0) & RGB_MASK;
     for (int y = 0; y < keyed.height(); ++y) {
-        auto *pixel = reinterpret_cast<QRgb *>(keyed.scanLine(y));
-        for (int x = 0; x < keyed.width(); ++x, ++pixel)
-            if ((*pixel & RGB_MASK) == key) *pixel = 0;
+        auto *const row = reinterpret_cast<QRgb *>(keyed.scanLine(y));
+        std::replace_if(
+            row, row + keyed.width(), [key](QRgb pixel) { return (pixel & RGB_MASK) == key; }, 0U);
     }
     return keyed.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }

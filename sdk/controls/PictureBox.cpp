@@ -51,9 +51,12 @@ QImage &PictureBox::Surface()
     const QSize wanted = (QSizeF(size().expandedTo({1, 1})) * scale).toSize();
     if (m_Surface.size() == wanted) return m_Surface;
     const QImage before = m_Surface;
-    m_Surface = QImage(wanted, QImage::Format_RGB32);
+    // A picture that covers all is shared until something is drawn over it.
+    const bool isCovered = m_PictureFile.size() == wanted && m_PictureFile.devicePixelRatio() == scale &&
+                           m_PictureFile.format() == QImage::Format_RGB32;
+    m_Surface = isCovered ? m_PictureFile : QImage(wanted, QImage::Format_RGB32);
     m_Surface.setDevicePixelRatio(scale);
-    DrawGround();
+    if (!isCovered) DrawGround();
     if (!before.isNull()) QPainter(&m_Surface).drawImage(0, 0, before);
     return m_Surface;
 }
@@ -67,10 +70,10 @@ void PictureBox::DrawGround()
     painter.drawImage(0, 0, m_PictureFile);
 }
 
+// The ground is drawn when somebody looks or draws: most surfaces are cleared several times before that.
 void PictureBox::Cls()
 {
-    Surface();
-    DrawGround();
+    m_Surface = QImage();
     update();
 }
 
@@ -93,7 +96,10 @@ void PictureBox::paintEvent(QPaintEvent *)
         Look::DrawFocus(painter, rect(), FocusRadius);
 }
 
-void PictureBox::resizeEvent(QResizeEvent *) { Surface(); }
+void PictureBox::resizeEvent(QResizeEvent *)
+{
+    if (!m_Surface.isNull()) Surface();
+}
 
 void PictureBox::mousePressEvent(QMouseEvent *event) { event->setAccepted(event->button() == Qt::LeftButton); }
 
