@@ -21,8 +21,8 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 void frmSplash::Load()
 {
     const QImage picture = modMain::Resources->LoadJPEG(SplashPicture);
-    picSplash->resize(picture.isNull() ? QSize(1, 1) : picture.size());
     picSplash->Setpicture(picture);
+    picSplash->resize(picture.isNull() ? QSize(1, 1) : picture.size());
     resize(picSplash->size());
     move(QGuiApplication::primaryScreen()->geometry().center() - rect().center());
     modMain::SplashTime = Timer();

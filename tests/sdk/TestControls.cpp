@@ -378,6 +378,35 @@ TEST(Box, KeepsWhatWasDrawnAndClears)
     EXPECT_EQ(Shot(box).pixelColor(5, 5), QColor(Qt::yellow));
 }
 
+TEST(Box, DrawingOverAPictureLeavesThePictureAsItWas)
+{
+    QImage picture(40, 20, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    PictureBox box;
+    box.resize(40, 20);
+    box.SetPictureFile(picture);
+    EXPECT_EQ(box.Surface(), picture);
+    QPainter(&box.Surface()).fillRect(5, 5, 2, 2, Qt::blue);
+    EXPECT_EQ(Shot(box).pixelColor(5, 5), QColor(Qt::blue));
+    EXPECT_EQ(box.PictureFile().pixelColor(5, 5), QColor(Qt::green));
+    box.Cls();
+    EXPECT_EQ(Shot(box).pixelColor(5, 5), QColor(Qt::green));
+}
+
+TEST(Box, APictureOfAnotherSizeLiesAtTheTopLeftOfTheGround)
+{
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    PictureBox box;
+    box.SetPictureFile(picture);
+    box.SetBackColour(Qt::yellow);
+    box.resize(40, 20);
+    EXPECT_EQ(Shot(box).pixelColor(19, 9), QColor(Qt::green));
+    EXPECT_EQ(Shot(box).pixelColor(20, 9), QColor(Qt::yellow));
+    box.resize(10, 5);
+    EXPECT_EQ(Shot(box).pixelColor(9, 4), QColor(Qt::green));
+}
+
 TEST(Box, IsAButtonOnceItTakesTheFocus)
 {
     PictureBox box;
