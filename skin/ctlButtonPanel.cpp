@@ -176,8 +176,12 @@ void ctlButtonPanel::UpdateButtons(ctlButtonPanel *)
     if (self) CheckPointer();
 }
 
+// Where a list is longer than the picture, its ground goes on in the colour in which the picture ends.
 void ctlButtonPanel::PaintBackground()
 {
+    const QImage picture = modMain::CurrentSkin ? modMain::CurrentSkin->ButtonBackground() : QImage();
+    m_Background->BackColour =
+        picture.isNull() ? QColor(Qt::white) : picture.pixelColor(picture.width() - 1, picture.height() - 1);
     m_Background->SetSize(picPanel->width(), picPanel->height(), devicePixelRatioF());
     m_Background->Cls();
     if (modMain::CurrentSkin) modMain::CurrentSkin->PaintPic(*m_Background, Background, true, false);

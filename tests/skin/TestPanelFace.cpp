@@ -322,6 +322,23 @@ TEST_F(PanelFace, PersistedPropertiesHaveTheirDefaults)
     EXPECT_EQ(m_Panel.NewHeight(), 0);
 }
 
+TEST_F(PanelFace, RowsBelowThePictureHaveTheColourInWhichItEnds)
+{
+    GivenSkin(QStringLiteral("Blue"));
+    const QList<QRgb> colours{0xffff0000, 0xff00ff00};
+    m_Folder.Write(QStringLiteral("skins/Blue/ButtonBackground.gif"),
+                   GifBytes({174, 2 * RowHeight}, colours, [](int, int y) { return y < RowHeight ? 0 : 1; }));
+    modMain::CurrentSkin = std::make_shared<CSkin>();
+    modMain::CurrentSkin->SetName(QStringLiteral("Blue"));
+    ShowFilled(4);
+    const auto ground = [&](int row) { return QColor(Surface("picNormal", row)->Image().pixel(2, RowHeight - 1)); };
+    EXPECT_EQ(ground(1), QColor(Qt::red));
+    for (int row = 2; row <= 4; ++row) EXPECT_EQ(ground(row), QColor(Qt::green)) << row;
+    modMain::CurrentSkin = nullptr;
+    Fill(4);
+    EXPECT_EQ(ground(4), QColor(Qt::white)) << "without a skin";
+}
+
 TEST_F(PanelFace, FortyRowsHaveOneGroundOnADeliveredSkin)
 {
     for (const char *name : {"Meadow", "Night"}) {

@@ -7,7 +7,6 @@ PANEL = {  # least size, and what the caption stands on, from the top right corn
     "ButtonHighlight.gif": (layout.MENU_WIDTH, layout.ROW),
     "ButtonSelected.gif": (layout.MENU_WIDTH, layout.ROW),
 }
-LONG_LIST = 20 * layout.ROW  # px, of the lists of the practice screen
 PANEL_MARGIN = (5, 3)  # px, where no caption comes
 DIALOG = (660, 400)  # px, the largest that is usual
 LOGO_GROUND, LOGO_FIELD = (0xFF, 0xD7, 0x6A), 40  # of the delivered logo, and what still looks like it, of 255
@@ -30,9 +29,6 @@ def check_panel(name, picture, menu_label, told):
     least = PANEL[name]
     if width < least[0] or height < least[1]:
         told.mend(name, f"is {width} x {height}; the menu takes a piece of {least[0]} x {least[1]} from its top right")
-    elif name == "ButtonBackground.gif" and height < LONG_LIST:
-        told.hint(name, f"is {height} high; below that, long lists of games stand on plain white. {LONG_LIST} are "
-                  "enough for twenty rows")
     across, down = PANEL_MARGIN
     box = (max(0, width - least[0] + across), down, width - across, min(height, least[1]) - down)
     if box[0] < box[2] and box[1] < box[3]:
