@@ -3,6 +3,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Convert.h"
+#include "platform/Picture.h"
 #include "platform/Units.h"
 
 #include "services/CResource.h"
@@ -19,6 +20,7 @@
 #include "sdk/controls/cTransPictureBox.h"
 
 #include "skin/CSkin.h"
+#include "skin/colSkin.h"
 #include "skin/ctlButtonPanel.h"
 #include "skin/frmOptions.h"
 
@@ -112,9 +114,7 @@ Control *Named(Control *control, const char *name)
 } // namespace
 
 frmNoggle::Pictures::Pictures()
-    : Pause(QStringLiteral(":/pictures/pause.png")),
-      Minimize(QStringLiteral(":/pictures/minimize.png")),
-      Close(QStringLiteral(":/pictures/close.png"))
+    : Minimize(OwnPicture(QStringLiteral("minimize"))), Close(OwnPicture(QStringLiteral("close")))
 {}
 
 frmNoggle::frmNoggle(const Pictures &pictures) : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
@@ -151,11 +151,11 @@ void frmNoggle::MakeControls(const Pictures &pictures)
     picClose = Named(new cTransPictureBox(this), "picClose");
     lblTime = Named(new cTransPictureBox(this), "lblTime");
 
-    picPause->SetPictureFile(pictures.Pause);
     picMinimize->SetPictureFile(pictures.Minimize);
     picClose->SetPictureFile(pictures.Close);
-    for (cTransPictureBox *box : {picPause, picMinimize, picClose}) box->SizeToPicture();
+    for (cTransPictureBox *box : {picMinimize, picClose}) box->SizeToPicture();
     lblTime->setAttribute(Qt::WA_TransparentForMouseEvents); // the window is dragged through it
+    lblTime->resize(0, 0); // nothing fills it, and beyond the outline it would have to be painted over
     ctlGamePlaySummary1->hide();
     tmrShowTime.setParent(this);
     tmrShowTime.setObjectName(QStringLiteral("tmrShowTime"));
@@ -205,6 +205,7 @@ void frmNoggle::Init(const std::function<void()> &closeSplash)
 // While a person looks for their name; the first click on a screen would wait for it else.
 void frmNoggle::MakeTheRest()
 {
+    if (modMain::Skins) modMain::Skins->LoadSkins();
     PlayerName1->MakeTextBoxes();
     ctlGameInstructions1->MakeTextBoxes();
     ctlUserInfo1->PrepareChart();

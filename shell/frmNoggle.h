@@ -43,7 +43,7 @@ public:
     struct Pictures
     {
         Pictures();
-        QImage Pause, Minimize, Close;
+        QImage Minimize, Close;
     };
 
     explicit frmNoggle(const Pictures &pictures);

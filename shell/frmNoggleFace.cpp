@@ -43,6 +43,7 @@
 namespace
 {
 constexpr int GapAboveStrip = 3; // [px]
+constexpr int StripHeight = 30;  // [px] of a piece of the frame that is painted at once
 
 const CSkin &PresentSkin()
 {
@@ -122,6 +123,8 @@ void frmNoggle::PlaceGame(int Width, int Height)
     if (!m_GameControl) return;
     const int gameHeight = top - GapAboveStrip;
     m_GameControl->Move(0, 0, Width, gameHeight);
+    if (picPause->PictureFile().isNull()) picPause->SetPictureFile(OwnPicture(QStringLiteral("pause")));
+    picPause->SizeToPicture();
     picPause->move((Width - picPause->width()) / 2, (gameHeight - picPause->height()) / 2);
     picPause->raise();
 }
@@ -214,7 +217,12 @@ void frmNoggle::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     // Clear outside of the outline as well as masked: where masks cut input only, the corners stay clear.
-    painter.drawImage(0, 0, Face());
+    if (devicePixelRatioF() != 1) return painter.drawImage(0, 0, Face());
+    painter.setClipRegion(m_Region.Rgn());
+    // In strips: what is larger and clipped the painter shares out among threads, which take longer to wake than
+    // this.
+    for (int top = 0; top < height(); top += StripHeight)
+        painter.drawImage(QPoint(0, top), m_FramePicture, QRect(0, top, width(), StripHeight));
 }
 
 void frmNoggle::mousePressEvent(QMouseEvent *event)

@@ -70,6 +70,7 @@ void MakeShellSounds()
 void OpenMainWindow()
 {
     const frmNoggle::Pictures pictures;
+    if (CurrentSkin) CurrentSkin->LoadButtons();
     UseInterfaceFont(); // nothing before it writes, but the box that tells of a failure
     MainWindow = std::make_unique<frmNoggle>(pictures);
     MainWindow->Init([] { Splash.reset(); });
@@ -148,9 +149,9 @@ void SaveSettings()
 
 void LoadSkin()
 {
-    Step([] { CurrentSkin = Skins->Item(1); });
     const QString name = Setting(QStringLiteral("Skin"), {});
-    Step([&] { CurrentSkin = Skins->Item(name); });
+    if (!name.isEmpty() && Step([&] { CurrentSkin = Skins->Item(name); })) return;
+    Step([] { CurrentSkin = Skins->Item(1); });
 }
 
 void LoadData()

@@ -68,6 +68,14 @@ QImage CSkin::Loaded(const QString &fileName) const
     return sharp.isNull() ? plain : sharp;
 }
 
+void CSkin::LoadButtons()
+{
+    for (QImage (CSkin::*const picture)() :
+         {&CSkin::WideButton, &CSkin::WideButtonPressed, &CSkin::VeryWideButton, &CSkin::VeryWideButtonPressed})
+        Step([&] { (this->*picture)(); });
+    for (const char *name : {"Button300", "Button300Down"}) Pic(QLatin1String(name));
+}
+
 // The name with "@2x" before its extension.
 QImage CSkin::Sharper(const QString &fileName, const QImage &plain) const
 {

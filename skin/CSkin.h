@@ -55,6 +55,9 @@ public:
     /// The picture of that name, without extension. Failure: ignored step by step; a missing picture is an empty one,
     /// for good.
     QImage Pic(const QString &Name);
+    /// Reads the pictures of the buttons that every screen has, as the first of these would do it later. Failure:
+    /// ignored step by step.
+    void LoadButtons();
     QImage WideButton();
     QImage WideButtonPressed();
     QImage VeryWideButton();

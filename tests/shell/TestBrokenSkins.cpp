@@ -145,7 +145,7 @@ TEST_F(BrokenSkins, InAFolderThatCantBeWrittenAreListedAndTaken)
     const ReadOnlyFolder sealed(Program.Folder.Path() + QStringLiteral("skins/Sealed"));
     if (!sealed.IsInForce()) GTEST_SKIP() << "this user may write everywhere";
     const CSkin *skin = nullptr;
-    const colSkin skins;
+    colSkin skins;
     for (const auto &one : skins)
         if (one->Name() == u"Sealed") skin = one.get();
     ASSERT_NE(skin, nullptr);

@@ -110,6 +110,15 @@ TEST_F(Face, ItsOutlineIsThePicturesAndTheLastColumnStaysOut)
     EXPECT_EQ(look.pixelColor(859, 300).alpha(), 0);
 }
 
+// What clears beyond the outline lies over everything and would be painted with every repaint.
+TEST_F(Face, NothingIsClearedBeyondTheOutlineWhereNothingReachesThere)
+{
+    Start();
+    for (const QWidget *control : Program.Window().findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        EXPECT_TRUE(control->isHidden() || control->objectName() != u"Outside");
+    EXPECT_TRUE(Place("lblTime").isEmpty());
+}
+
 TEST_F(Face, ASkinChangeDuringAGameMovesTheWindowBackAndTellsTheGame)
 {
     Program.GivenSkin(QStringLiteral("Zest"),

@@ -144,6 +144,16 @@ TEST_F(StartUp, WithoutAnySkinTheLastOneStays)
     EXPECT_EQ(SkinInForce(), "Plain");
 }
 
+TEST_F(StartUp, TheOtherSkinsAreLoadedSoonAfterTheFirstScreen)
+{
+    Program.GivenSkin(QStringLiteral("Zest"));
+    const QString zest = QStringLiteral("skins/Zest/Skin.ini");
+    const QByteArray before = Program.Folder.Read(zest);
+    Start();
+    EXPECT_EQ(Program.Folder.Read(zest), before);
+    EXPECT_TRUE(RunningProgram::Until([&] { return Program.Folder.Read(zest) != before; }));
+}
+
 TEST_F(StartUp, ANumberForASkinIsANameAndNoPosition)
 {
     Program.GivenSkin(QStringLiteral("Zest"));

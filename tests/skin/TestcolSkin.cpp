@@ -29,7 +29,7 @@ TEST_F(SkinList, SkinsAreListedByNameWithoutRegardToCase)
 {
     for (const char *name : {"beta", "Alpha", "Gamma", ".hidden"}) GivenSkin(QLatin1String(name));
     EXPECT_EQ(Listed(), (QStringList{QStringLiteral("Alpha"), QStringLiteral("beta"), QStringLiteral("Gamma")}));
-    const colSkin skins;
+    colSkin skins;
     EXPECT_EQ(skins.Item(QStringLiteral("BETA")), skins.Item(2));
     EXPECT_THROW(skins.Item(QStringLiteral("2")), RuntimeError) << "a number in text form is a name";
     EXPECT_THROW(skins.Item(4), RuntimeError);
@@ -54,6 +54,42 @@ TEST_F(SkinList, ASkinIsTakenOutByNameOrPositionAndItsFolderStays)
     EXPECT_THROW(skins.Remove(QStringLiteral("Alpha")), RuntimeError);
     EXPECT_THROW(skins.Remove(2), RuntimeError);
     EXPECT_TRUE(QDir(m_Folder.Path() + QStringLiteral("skins/Alpha")).exists());
+}
+
+// Loading a skin fills its settings up, which shows when it was loaded.
+TEST_F(SkinList, WhatAStartDoesNotShowIsLoadedWhenSomebodyAsksForMore)
+{
+    for (const char *name : {"Alpha", "Beta", "Gamma"}) GivenSkin(QLatin1String(name));
+    const auto loaded = [this] {
+        QString names;
+        for (const char *name : {"Alpha", "Beta", "Gamma"})
+            if (!m_Folder.Read(QStringLiteral("skins/%1/Skin.ini").arg(QLatin1String(name))).isEmpty())
+                names += QLatin1String(name) + u' ';
+        return names;
+    };
+    colSkin skins;
+    EXPECT_EQ(loaded(), QString());
+    const std::shared_ptr<CSkin> beta = skins.Item(QStringLiteral("beta"));
+    EXPECT_EQ(loaded(), QStringLiteral("Beta "));
+    EXPECT_EQ(skins.Item(1)->Name(), u"Alpha");
+    EXPECT_EQ(loaded(), QStringLiteral("Alpha Beta "));
+    EXPECT_EQ(skins.Count(), 3);
+    EXPECT_EQ(loaded(), QStringLiteral("Alpha Beta Gamma "));
+    EXPECT_EQ(skins.Item(2), beta) << "the same object";
+}
+
+TEST_F(SkinList, TheFirstIsTheFirstThatCanBeUsed)
+{
+    GivenSkin(QStringLiteral("Alpha"), "[Graphics]\r\nMinX=1024\r\n");
+    m_Folder.Write(QStringLiteral("skins/Beta/Skin.ini"), {});
+    GivenSkin(QStringLiteral("Gamma"));
+    SetScreenSize({800, 600});
+    colSkin skins;
+    EXPECT_EQ(skins.Item(1)->Name(), u"Gamma");
+    EXPECT_THROW(skins.Item(QStringLiteral("Alpha")), RuntimeError);
+    EXPECT_THROW(skins.Item(QStringLiteral("Beta")), RuntimeError);
+    EXPECT_EQ(skins.Item(QStringLiteral("gamma")), skins.Item(1));
+    EXPECT_EQ(skins.Count(), 1);
 }
 
 TEST_F(SkinList, ASkinTooLargeForTheScreenIsNotListed)
