@@ -1,6 +1,6 @@
 // The first frame of a GIF, read by giflib: it tells a file that ends in its middle from a whole one, which Qt's
-// reader does not. The codes are turned into pixels here: the library takes five times as long for the large pictures
-// of a skin, which are read while a start is waited for.
+// reader does not. The codes are turned into pixels here: the library takes more than twice as long for the large
+// pictures of a skin, which are read while a start is waited for.
 #pragma once
 
 #include <QByteArray>
