@@ -75,7 +75,7 @@ QImage PictureFromData(const QByteArray &Bytes, const QString &NameForErrors)
     const QByteArray format = FormatOf(Bytes);
     const GifFrame frame = format == "gif" ? FirstFrame(Bytes) : GifFrame{IsWholePicture(Bytes), {}};
     if (!frame.IsWhole) Fail(NameForErrors, QStringLiteral("the file is cut short"));
-    const QImage known = format == "jpeg" ? JpegPicture(Bytes) : frame.Picture;
+    QImage known = format == "jpeg" ? JpegPicture(Bytes) : frame.Picture;
     if (!known.isNull()) return known;
     QBuffer buffer;
     buffer.setData(Bytes);
