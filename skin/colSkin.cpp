@@ -74,7 +74,7 @@ std::shared_ptr<CSkin> colSkin::Item(const QString &Key)
 
 std::shared_ptr<CSkin> colSkin::Item(std::int32_t Position)
 {
+    if (Position != 1) return All().Item(Position);
     const auto first = std::find_if(m_Folders.begin(), m_Folders.end(), Loaded);
-    if (Position == 1 && first != m_Folders.end()) return first->Skin;
-    return All().Item(Position);
+    return first != m_Folders.end() ? first->Skin : All().Item(Position);
 }
